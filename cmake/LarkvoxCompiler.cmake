@@ -1,0 +1,35 @@
+# One place for the language level, warnings and sanitizers.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
+
+option(LARKVOX_WARNINGS_AS_ERRORS "Stop the build at a warning" OFF)
+set(LARKVOX_SANITIZER "" CACHE STRING "address, thread or empty")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                    # Messages and debug information name files from the root of the sources.
+                    "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
+if(LARKVOX_WARNINGS_AS_ERRORS)
+  add_compile_options(-Werror)
+endif()
+
+if(LARKVOX_SANITIZER STREQUAL "address")
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+                      -fno-omit-frame-pointer -O1)
+  add_link_options(-fsanitize=address,undefined)
+elseif(LARKVOX_SANITIZER STREQUAL "thread")
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer -O1)
+  add_link_options(-fsanitize=thread)
+elseif(LARKVOX_SANITIZER)
+  message(FATAL_ERROR "LARKVOX_SANITIZER is address, thread or empty, not ${LARKVOX_SANITIZER}")
+endif()

@@ -1,0 +1,192 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace core {
+
+/// Brings the main thread round to draining a queue. `wake` is called from any thread, at most
+/// once between two drains that emptied the queue, and must neither block nor throw.
+class Waker {
+  public:
+    virtual ~Waker() = default;
+    virtual void wake() noexcept = 0;
+};
+
+/// Something whose newest state is carried to the main thread when the queue has no room left for
+/// every single change: however often it is put in line, it stands there once. Whoever put it in
+/// line keeps it alive until it has left.
+class Mergeable {
+  public:
+    /// Main thread, while nobody else can put the object in line: the place to move whatever keeps
+    /// it alive to where only the main thread sees it.
+    virtual void leaveLine() noexcept {}
+    /// Main thread: copies the newest state aside. Everything stored before a `merge` that found
+    /// the object in line is part of it; whoever stores something later puts it in line again.
+    virtual void take() noexcept = 0;
+    /// Main thread: makes the state that was taken visible. It may drain the queue, and so take
+    /// the next state, before it returns.
+    virtual void apply() = 0;
+    /// Called in place of the three above when the queue is destroyed first.
+    virtual void discard() noexcept {}
+
+  protected:
+    ~Mergeable() = default;
+
+  private:
+    friend class MainQueue;
+    std::atomic<bool> isInLine_{false};
+    Mergeable* next_ = nullptr;      // in line
+    Mergeable* nextTaken_ = nullptr; // on the main thread
+};
+
+/// The way to the main thread: tasks posted from any thread run on the main thread, in the order
+/// of posting. Posting takes no lock, and makes no system call while the main thread is awake
+/// anyway. Tasks must not throw.
+///
+/// The tasks stand in a ring of fixed size. When it is full, further ones stand in a second line,
+/// which is drained behind the ring; until that line is empty again everything new goes there, so
+/// that the order holds. There a `Mergeable` costs no memory, and a task one heap block.
+class MainQueue {
+  public:
+    /// Tasks up to this size (in bytes) are stored in the ring itself; a larger one stands in the
+    /// second line.
+    static constexpr std::size_t inlineTaskSize = 48;
+
+    /// `capacity` is the number of tasks in the ring, rounded up to a power of two.
+    explicit MainQueue(std::size_t capacity = 8192);
+    ~MainQueue();
+    MainQueue(const MainQueue&) = delete;
+    MainQueue& operator=(const MainQueue&) = delete;
+
+    /// The queue of the process's main thread. The platform's driver drains it.
+    static MainQueue& shared();
+
+    /// Runs `task()` later on the main thread. Any thread. Nothing is ever dropped.
+    template<class Task>
+    void post(Task&& task) {
+        if (!tryPost(std::forward<Task>(task))) {
+            // tryPost has not touched the task.
+            putInLine(new OverflowTask<std::decay_t<Task>>(std::forward<Task>(task)));
+        }
+    }
+
+    /// As `post`, but gives up, leaving the task untouched, when the ring is full, when others
+    /// stand in the second line already, or when the task is larger than `inlineTaskSize`. Never
+    /// allocates.
+    template<class Task>
+    [[nodiscard]] bool tryPost(Task&& task) {
+        using Stored = std::decay_t<Task>;
+        static_assert(std::is_invocable_v<Stored&>);
+        if constexpr (sizeof(Stored) <= inlineTaskSize &&
+                      alignof(Stored) <= alignof(std::max_align_t)) {
+            Ticket ticket = claim();
+            if (ticket.cell == nullptr) {
+                return false;
+            }
+            ::new (static_cast<void*>(ticket.cell->storage)) Stored(std::forward<Task>(task));
+            ticket.cell->run = [](void* storage, bool call) {
+                auto* const stored = std::launder(static_cast<Stored*>(storage));
+                if (call) {
+                    (*stored)();
+                }
+                std::destroy_at(stored);
+            };
+            publish(ticket);
+            return true;
+        } else {
+            // Too large for a cell: a boxed task in the second line keeps the order, too.
+            return false;
+        }
+    }
+
+    /// Puts `state` into the second line, unless it stands there already; then the `take` to come
+    /// sees what the caller has stored before this call. Returns true when this call has put it
+    /// in line. `beforeEntering` runs in that case, before the main thread can see the object: the
+    /// place for taking a reference to whatever keeps it alive. Any thread.
+    template<class BeforeEntering>
+    bool merge(Mergeable& state, BeforeEntering&& beforeEntering) noexcept {
+        if (state.isInLine_.exchange(true, std::memory_order_acq_rel)) {
+            return false;
+        }
+        beforeEntering();
+        putInLine(&state);
+        return true;
+    }
+
+    /// Main thread: runs up to `budget` tasks. Returns true when something may be left to do, and
+    /// drain should be called again soon without waiting to be woken. A task may call it, too.
+    bool drain(std::size_t budget = SIZE_MAX);
+
+    /// Who is told that there is work. Null leaves the queue to be drained by hand. The waker has
+    /// to outlive the last post. Main thread.
+    void setWaker(Waker* waker);
+
+    [[nodiscard]] std::size_t capacity() const { return mask_ + 1; }
+
+  private:
+    static constexpr std::size_t cacheLine = 64;
+
+    struct alignas(cacheLine) Cell {
+        std::atomic<std::size_t> sequence; // position: free; position + 1: holds a task
+        void (*run)(void* storage, bool call) = nullptr;
+        alignas(std::max_align_t) std::byte storage[inlineTaskSize];
+    };
+
+    template<class Task>
+    class OverflowTask final : public Mergeable {
+      public:
+        template<class From>
+        explicit OverflowTask(From&& task) : task_(std::forward<From>(task)) {}
+        void take() noexcept override {}
+        void apply() override {
+            const std::unique_ptr<OverflowTask> self(this);
+            task_();
+        }
+        void discard() noexcept override { delete this; }
+
+      private:
+        Task task_;
+    };
+
+    /// Stands in `overflow_` while the second line is empty but the order still needs it.
+    class Marker final : public Mergeable {
+      public:
+        void take() noexcept override {}
+        void apply() override {}
+    };
+
+    struct Ticket {
+        Cell* cell; // null: no room
+        std::size_t position;
+    };
+
+    Ticket claim() noexcept;
+    void publish(Ticket ticket) noexcept;
+    void putInLine(Mergeable* entry) noexcept;
+    void wakeIfAsleep() noexcept;
+    bool runNext();
+    bool hasWork() const noexcept;
+    bool takeOverflow() noexcept;
+
+    const std::size_t mask_;
+    const std::unique_ptr<Cell[]> cells_;
+    Marker marker_;
+
+    alignas(cacheLine) std::atomic<std::size_t> enqueuePosition_{0};
+    alignas(cacheLine) std::atomic<Mergeable*> overflow_{nullptr}; // newest first
+    alignas(cacheLine) std::atomic<bool> isAwake_{false};
+    std::atomic<Waker*> waker_{nullptr};
+
+    // The main thread's own.
+    alignas(cacheLine) std::size_t dequeuePosition_ = 0;
+    Mergeable* taken_ = nullptr;  // oldest first
+    std::size_t takenBehind_ = 0; // ring position before which everything runs first
+};
+
+} // namespace core
