@@ -1,0 +1,29 @@
+# larkvox_compile_shaders(OUTPUTS var FILES name.vert name.frag …)
+# Compiles shader functions for every graphics interface. Each becomes "Shaders/FILE.qsb" in the
+# binary directory, or "Shaders/FUNCTION.qsb" for a file listed as FUNCTION=file. GLSL starts at the
+# versions that have unsigned integers and fetch single texels.
+find_program(QSB_PROGRAM qsb HINTS /usr/lib/qt6/bin REQUIRED)
+
+function(larkvox_compile_shaders)
+  cmake_parse_arguments(PARSE_ARGV 0 ARG "" "OUTPUTS" "FILES")
+  set(outputs "")
+  foreach(entry IN LISTS ARG_FILES)
+    if(entry MATCHES "^(.+)=(.+)$")
+      set(name "${CMAKE_MATCH_1}")
+      set(file "${CMAKE_MATCH_2}")
+    else()
+      set(name "${entry}")
+      set(file "${entry}")
+    endif()
+    set(output "${CMAKE_CURRENT_BINARY_DIR}/Shaders/${name}.qsb")
+    add_custom_command(OUTPUT "${output}"
+      COMMAND ${CMAKE_COMMAND} -E make_directory "${CMAKE_CURRENT_BINARY_DIR}/Shaders"
+      COMMAND ${QSB_PROGRAM} --glsl "300 es,130,330" --hlsl 50 --msl 12 -o "${output}"
+              "${CMAKE_CURRENT_SOURCE_DIR}/${file}"
+      DEPENDS "${file}"
+      COMMENT "Compiling shader ${name}"
+      VERBATIM)
+    list(APPEND outputs "${output}")
+  endforeach()
+  set(${ARG_OUTPUTS} "${outputs}" PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,409 @@
+#include "platform/gpu/gpu_view.hpp"
+
+#include "platform/gpu/gpu_view_objects.hpp"
+#include "platform/gpu/qrhi_private.hpp"
+
+#include <QBackingStore>
+#include <QEvent>
+#include <QPointer>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+/// So many frames may fail one after another before the view gives up.
+constexpr int patience = 3;
+constexpr std::chrono::milliseconds retryAfter{100};
+
+QPlatformBackingStoreRhiConfig configFor(const GpuDevice* device) {
+    using Config = QPlatformBackingStoreRhiConfig;
+    if (device == nullptr || device->rhi() != nullptr) {
+        return {};
+    }
+    switch (device->api()) {
+    case GpuApi::vulkan:
+        return Config(Config::Vulkan);
+    case GpuApi::metal:
+        return Config(Config::Metal);
+    default:
+        return Config(Config::OpenGL);
+    }
+}
+
+FrameResult toFrameResult(QRhi::FrameOpResult result) {
+    switch (result) {
+    case QRhi::FrameOpSuccess:
+        return FrameResult::success;
+    case QRhi::FrameOpDeviceLost:
+        return FrameResult::deviceLost;
+    default:
+        return FrameResult::error;
+    }
+}
+
+} // namespace
+
+class GpuViewPrivate : public QWidgetPrivate {
+    Q_DECLARE_PUBLIC(GpuView)
+
+  public:
+    explicit GpuViewPrivate(const QPlatformBackingStoreRhiConfig& config) : config_(config) {
+        if (config.isEnabled()) {
+            renderToTexture = true;
+        }
+    }
+    QPlatformBackingStoreRhiConfig rhiConfig() const override { return config_; }
+    QRhiTexture* texture() const override {
+        const auto& objects = q_func()->objects_;
+        return objects != nullptr ? objects->encodedTexture() : nullptr;
+    }
+    QImage grabFramebuffer() override { return q_func()->grabFramebuffer(); }
+
+  private:
+    QPlatformBackingStoreRhiConfig config_;
+};
+
+GpuView::GpuView(QWidget* parent, std::shared_ptr<GpuDevice> device)
+    : QWidget(*new GpuViewPrivate(configFor(device.get())), parent, {}), device_(std::move(device)),
+      pacer_([this] { setNeedsDisplay(); }) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    if (configFor(device_.get()).isEnabled()) {
+        static_cast<GpuViewPrivate*>(QWidgetPrivate::get(this))->setRenderToTexture();
+    }
+    followWindow();
+}
+
+GpuView::~GpuView() {
+    releaseObjects();
+}
+
+bool GpuView::isHeadless() const {
+    return device_ != nullptr && device_->rhi() != nullptr;
+}
+
+QRhi* GpuView::currentRhi() const {
+    if (isHeadless()) {
+        return device_->rhi();
+    }
+    const QWidget* const top = window();
+    if (device_ == nullptr || top->backingStore() == nullptr ||
+        top->backingStore()->handle() == nullptr) {
+        return nullptr;
+    }
+    return top->backingStore()->handle()->rhi();
+}
+
+void GpuView::setDelegate(GpuViewDelegate* delegate) {
+    delegate_ = delegate;
+    announcedSize_ = {};
+    updatePacing();
+    if (delegate_ != nullptr) {
+        drawAhead();
+    }
+}
+
+void GpuView::setColorSpace(DrawableColorSpace colorSpace) {
+    if (colorSpace_ != colorSpace) {
+        colorSpace_ = colorSpace;
+        setNeedsDisplay();
+    }
+}
+
+void GpuView::setPreferredFramesPerSecond(int framesPerSecond) {
+    pacer_.setFramesPerSecond(framesPerSecond);
+}
+
+void GpuView::setPaused(bool isPaused) {
+    if (isPaused_ != isPaused) {
+        isPaused_ = isPaused;
+        updatePacing();
+    }
+}
+
+void GpuView::setNeedsDisplay() {
+    needsFrame_ = true;
+    update();
+}
+
+QSize GpuView::drawableSize() const {
+    return (QSizeF(size()) * devicePixelRatio()).toSize().expandedTo(QSize(1, 1));
+}
+
+void GpuView::setFrameResultFilter(std::function<FrameResult(FrameResult)> filter) {
+    frameResultFilter_ = std::move(filter);
+}
+
+bool GpuView::addResources(Resources& resources) {
+    resources_.push_back(&resources);
+    QRhi* const rhi = currentRhi();
+    if (rhi == nullptr || !ensureObjects(rhi)) {
+        return true; // the first frame will tell
+    }
+    return resources.prepare({rhi, objects_->renderPass(), nullptr});
+}
+
+void GpuView::removeResources(Resources& resources) {
+    std::erase(resources_, &resources);
+}
+
+bool GpuView::ensureObjects(QRhi* rhi) {
+    if (objects_ != nullptr && objects_->rhi() == rhi && objects_->size() == drawableSize()) {
+        return true;
+    }
+    if (objects_ != nullptr && objects_->rhi() != rhi) {
+        releaseObjects();
+    }
+    if (objects_ == nullptr) {
+        objects_ = std::make_unique<Objects>(rhi);
+        // The device may go away under us, with its window.
+        rhi->addCleanupCallback([view = QPointer(this)](QRhi* gone) {
+            if (view != nullptr && view->objects_ != nullptr && view->objects_->rhi() == gone) {
+                view->releaseObjects();
+            }
+        });
+    }
+    needsFrame_ = true;
+    return objects_->resize(drawableSize());
+}
+
+void GpuView::releaseObjects() {
+    for (Resources* const resources : resources_) {
+        resources->release();
+    }
+    objects_.reset();
+    needsFrame_ = true;
+}
+
+bool GpuView::drawNow() {
+    needsFrame_ = true;
+    return isHeadless() && drawFrame();
+}
+
+bool GpuView::drawFrame() {
+    QRhi* const rhi = currentRhi();
+    if (rhi == nullptr || delegate_ == nullptr || isEmpty_) {
+        return false;
+    }
+    const FrameResult result = ensureObjects(rhi) ? recordFrame(rhi) : FrameResult::error;
+    if (result != FrameResult::success) {
+        frameFailed(result);
+        return false;
+    }
+    failedFrames_ = 0;
+    needsFrame_ = false;
+    ++frameCount_;
+    return true;
+}
+
+FrameResult GpuView::recordFrame(QRhi* rhi) {
+    const auto filtered = [this](QRhi::FrameOpResult result) {
+        const FrameResult outcome = toFrameResult(result);
+        return frameResultFilter_ ? frameResultFilter_(outcome) : outcome;
+    };
+    if (announcedSize_ != drawableSize()) {
+        announcedSize_ = drawableSize();
+        delegate_->drawableSizeWillChange(*this, announcedSize_);
+    }
+    QRhiCommandBuffer* commands = nullptr;
+    const QRhi::FrameOpResult begun = rhi->beginOffscreenFrame(&commands);
+    FrameResult result = filtered(begun);
+    bool isRefused = false;
+    if (result == FrameResult::success) {
+        objects_->beginFrame(commands);
+        const GpuContext context{rhi, objects_->renderPass(), commands};
+        for (Resources* const resources : resources_) {
+            isRefused = isRefused || !resources->prepare(context);
+        }
+        if (!isRefused) {
+            delegate_->draw(*this);
+            objects_->endFrame(
+                {colorSpace_, palette().color(QPalette::Window), rhi->isYUpInNDC()});
+        }
+    }
+    if (begun == QRhi::FrameOpSuccess) {
+        const FrameResult ended = filtered(rhi->endOffscreenFrame());
+        result = result == FrameResult::success ? ended : result;
+    }
+    if (isRefused) {
+        // What the device refuses once it refuses always.
+        failedFrames_ = patience;
+        return FrameResult::error;
+    }
+    return result;
+}
+
+void GpuView::frameFailed(FrameResult result) {
+    ++failedFrames_;
+    // Later: the window may be in the middle of painting with the textures of now.
+    QMetaObject::invokeMethod(this, [this, result] { recover(result); }, Qt::QueuedConnection);
+}
+
+void GpuView::recover(FrameResult result) {
+    if (failedFrames_ > patience) {
+        becomeEmpty();
+        return;
+    }
+    if (result == FrameResult::deviceLost) {
+        releaseWindowDevice();
+    }
+    const bool hasPicture = objects_ != nullptr && objects_->hasPicture();
+    if (failedFrames_ > 0 && !hasPicture && !isHeadless() && isVisible()) {
+        // Without a texture the window would show black here, so step aside until the next try.
+        hide();
+        QTimer::singleShot(retryAfter, this, [this] {
+            if (!isEmpty_) {
+                show();
+            }
+        });
+    }
+}
+
+void GpuView::becomeEmpty() {
+    isEmpty_ = true;
+    updatePacing();
+    releaseObjects();
+    hide();
+}
+
+void GpuView::releaseWindowDevice() {
+    if (isHeadless()) {
+        releaseObjects();
+        return;
+    }
+    // As Qt does it when compositing meets the lost device: everybody lets go, then it starts anew.
+    const QPointer<GpuView> self(this);
+    for (GpuView* const view : window()->findChildren<GpuView*>()) {
+        view->releaseObjects();
+    }
+    if (self != nullptr && window()->backingStore() != nullptr) {
+        window()->backingStore()->handle()->graphicsDeviceReportedLost();
+    }
+}
+
+GpuRenderPass* GpuView::beginRenderPass(const QByteArray& commandBufferLabel) {
+    commandBufferLabel_ = commandBufferLabel;
+    return objects_ != nullptr ? objects_->beginPass(commandBufferLabel_) : nullptr;
+}
+
+QImage GpuView::grabFramebuffer() {
+    if (objects_ == nullptr && !isHeadless() && isVisible()) {
+        drawFrame();
+    }
+    QImage image = objects_ != nullptr ? objects_->readEncoded() : QImage();
+    image.setDevicePixelRatio(devicePixelRatio());
+    return image;
+}
+
+QImage GpuView::grabDrawable() {
+    return objects_ != nullptr ? objects_->readDrawable() : QImage();
+}
+
+void GpuView::paintEvent(QPaintEvent* /*event*/) {
+    const bool hasCurrentPicture = objects_ != nullptr && objects_->rhi() == currentRhi() &&
+                                   objects_->hasPicture() && objects_->size() == drawableSize();
+    if (!isHeadless() && (needsFrame_ || !hasCurrentPicture)) {
+        drawFrame();
+    }
+}
+
+void GpuView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    drawAhead();
+}
+
+// The window collects the textures before it lets the widgets paint, so what appears or gets
+// another size draws at once.
+void GpuView::drawAhead() {
+    needsFrame_ = true;
+    if (isVisible() && !isHeadless()) {
+        drawFrame();
+    }
+    update();
+}
+
+bool GpuView::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::WindowAboutToChangeInternal:
+        releaseObjects();
+        break;
+    case QEvent::ParentChange:
+    case QEvent::WindowChangeInternal:
+        followWindow();
+        updatePacing();
+        break;
+    case QEvent::Show:
+        followWindow();
+        drawAhead();
+        updatePacing();
+        break;
+    case QEvent::Hide:
+        updatePacing();
+        break;
+    case QEvent::PaletteChange:
+    case QEvent::ScreenChangeInternal:
+        setNeedsDisplay();
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void GpuView::followWindow() {
+    if (followedWindow_ != window()) {
+        if (followedWindow_ != nullptr) {
+            followedWindow_->removeEventFilter(this);
+        }
+        followedWindow_ = window();
+        followedWindow_->installEventFilter(this);
+    }
+}
+
+bool GpuView::eventFilter(QObject* object, QEvent* event) {
+    if (object == followedWindow_) {
+        switch (event->type()) {
+        case QEvent::WindowStateChange:
+        case QEvent::Show:
+        case QEvent::Hide:
+        case QEvent::Expose:
+            updatePacing();
+            break;
+        default:
+            break;
+        }
+    }
+    return QWidget::eventFilter(object, event);
+}
+
+void GpuView::updatePacing() {
+    const bool isOnScreen = isVisible() && !window()->isMinimized();
+    if (!isPaused_ && delegate_ != nullptr && !isEmpty_ && !isHeadless() && device_ != nullptr &&
+        isOnScreen) {
+        pacer_.start();
+    } else {
+        pacer_.stop();
+    }
+}
+
+class GpuHostPrivate : public QWidgetPrivate {
+  public:
+    QPlatformBackingStoreRhiConfig rhiConfig() const override {
+        return configFor(GpuDevice::systemDefault().get());
+    }
+};
+
+GpuHost::GpuHost(QWidget* window) : QWidget(*new GpuHostPrivate, window, {}) {
+    setFixedSize(0, 0);
+    hide();
+}
+
+void GpuHost::install(QWidget& window) {
+    if (GpuDevice::systemDefault() != nullptr &&
+        window.findChild<GpuHost*>(QString(), Qt::FindDirectChildrenOnly) == nullptr) {
+        new GpuHost(&window); // owned by the window
+    }
+}
+
+} // namespace platform

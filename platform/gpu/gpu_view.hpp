@@ -1,0 +1,181 @@
+#pragma once
+
+#include "platform/gpu/frame_pacer.hpp"
+#include "platform/gpu/gpu_device.hpp"
+
+#include <QColor>
+#include <QImage>
+#include <QSize>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QRhi;
+class QRhiCommandBuffer;
+class QRhiRenderPassDescriptor;
+
+namespace platform {
+
+class GpuView;
+class GpuViewPrivate;
+
+/// Which linear light the drawable holds. Values below 0 and above 1 are allowed in both.
+enum class DrawableColorSpace { extendedLinearSRGB, extendedLinearDisplayP3 };
+
+/// How a frame operation of the device ended.
+enum class FrameResult { success, error, deviceLost };
+
+/// Draws the frames of a view.
+class GpuViewDelegate {
+  public:
+    virtual ~GpuViewDelegate() = default;
+    /// The drawable got another size (pixels). Called before the first frame, too.
+    virtual void drawableSizeWillChange(GpuView& view, QSize pixels) = 0;
+    /// Draws one frame by opening a pass and drawing in it; a frame without a pass shows what the
+    /// frame before has shown.
+    virtual void draw(GpuView& view) = 0;
+};
+
+/// What GPU objects are made with. `commandBuffer` is null outside of a frame.
+struct GpuContext {
+    QRhi* rhi;
+    QRhiRenderPassDescriptor* renderPass;
+    QRhiCommandBuffer* commandBuffer;
+};
+
+/// The pass of the frame that is being drawn.
+struct GpuRenderPass {
+    QRhiCommandBuffer* commandBuffer;
+};
+
+/// A widget whose picture is drawn by the GPU into a drawable of linear 16-bit-float RGBA and is
+/// composited with the window's other widgets without a copy. A second small pass encodes the
+/// drawable for the screen: converts its colour space, lays the premultiplied light over the
+/// palette's `Window` colour, encodes sRGB and dithers into 8 bit.
+///
+/// It draws at `preferredFramesPerSecond` while it is not paused, is shown and has a delegate.
+/// Without a device, or when the device fails for good, it is an empty widget: what is behind it
+/// shows through. Main thread.
+class GpuView : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// GPU objects that follow the view's device.
+    class Resources {
+      public:
+        virtual ~Resources() = default;
+        /// Makes and uploads what is missing, before the pass of a frame (or, without a command
+        /// buffer, as early as the device is known). False when the device refuses.
+        virtual bool prepare(const GpuContext& context) = 0;
+        /// Lets go of everything; the device is about to go away.
+        virtual void release() = 0;
+    };
+
+    /// `device` may be null. A view of the system's default device has to have a parent; its window
+    /// should hold a `GpuHost` if it is shown already.
+    explicit GpuView(QWidget* parent, std::shared_ptr<GpuDevice> device);
+    ~GpuView() override;
+
+    [[nodiscard]] const std::shared_ptr<GpuDevice>& device() const { return device_; }
+
+    /// Not owned; null takes the delegate away. It must take itself away before it is destroyed.
+    void setDelegate(GpuViewDelegate* delegate);
+    [[nodiscard]] GpuViewDelegate* delegate() const { return delegate_; }
+
+    void setColorSpace(DrawableColorSpace colorSpace);
+    [[nodiscard]] DrawableColorSpace colorSpace() const { return colorSpace_; }
+    void setPreferredFramesPerSecond(int framesPerSecond);
+    [[nodiscard]] int preferredFramesPerSecond() const { return pacer_.framesPerSecond(); }
+
+    /// A paused view draws only when it is asked to or when its size changes. Starts paused.
+    void setPaused(bool isPaused);
+    [[nodiscard]] bool isPaused() const { return isPaused_; }
+    /// Draws one frame soon, paused or not.
+    void setNeedsDisplay();
+
+    /// The size of the drawable in pixels.
+    [[nodiscard]] QSize drawableSize() const;
+    /// True once the device has failed for good and the view has given up.
+    [[nodiscard]] bool isEmpty() const { return isEmpty_; }
+
+    /// Only while `draw` runs: opens the pass that draws into the drawable, cleared to nothing. The
+    /// label names the frame's commands in GPU debuggers. Null when there is none to be had.
+    GpuRenderPass* beginRenderPass(const QByteArray& commandBufferLabel);
+    [[nodiscard]] const QByteArray& commandBufferLabel() const { return commandBufferLabel_; }
+
+    /// Draws a frame now, on a headless device only. False when it was skipped.
+    bool drawNow();
+    /// The encoded picture of the last frame, upright; null without one.
+    [[nodiscard]] QImage grabFramebuffer();
+    /// The drawable of the last frame, upright: linear, premultiplied, RGBA16F as 32-bit float.
+    [[nodiscard]] QImage grabDrawable();
+    /// Frames drawn since creation.
+    [[nodiscard]] long frameCount() const { return frameCount_; }
+
+    /// Lets tests put a failure in place of a frame operation's result.
+    void setFrameResultFilter(std::function<FrameResult(FrameResult)> filter);
+
+    /// Registered resources are prepared before every frame and released with the device. Calls
+    /// `prepare` at once where the device is known already, and returns what it says.
+    bool addResources(Resources& resources);
+    void removeResources(Resources& resources);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  private:
+    friend class GpuViewPrivate;
+    struct Objects;
+
+    [[nodiscard]] QRhi* currentRhi() const;
+    bool ensureObjects(QRhi* rhi);
+    bool drawFrame();
+    FrameResult recordFrame(QRhi* rhi);
+    void drawAhead();
+    void frameFailed(FrameResult result);
+    void recover(FrameResult result);
+    void becomeEmpty();
+    void releaseObjects();
+    void releaseWindowDevice();
+    void updatePacing();
+    void followWindow();
+    [[nodiscard]] bool isHeadless() const;
+
+    std::shared_ptr<GpuDevice> device_;
+    GpuViewDelegate* delegate_ = nullptr;
+    DrawableColorSpace colorSpace_ = DrawableColorSpace::extendedLinearSRGB;
+    FramePacer pacer_;
+    bool isPaused_ = true;
+    bool needsFrame_ = true;
+    bool isEmpty_ = false;
+    int failedFrames_ = 0;
+    long frameCount_ = 0;
+    QSize announcedSize_;
+    QByteArray commandBufferLabel_;
+    std::function<FrameResult(FrameResult)> frameResultFilter_;
+    std::vector<Resources*> resources_;
+    std::unique_ptr<Objects> objects_;
+    QMetaObject::Connection screenConnection_;
+    QWidget* followedWindow_ = nullptr;
+};
+
+/// Makes a window composite with the GPU from the start, so that a `GpuView` may join it later
+/// without the window being made anew before the user's eyes. Put one into the window before it is
+/// shown; it shows nothing itself.
+class GpuHost : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// Does nothing on a machine without a device.
+    static void install(QWidget& window);
+
+  private:
+    explicit GpuHost(QWidget* window);
+};
+
+} // namespace platform

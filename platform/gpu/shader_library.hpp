@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDir>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QShader;
+
+namespace platform {
+
+class Bundle;
+
+/// A compiled shader function: one stage in the languages of all graphics interfaces. Shared value.
+class ShaderFunction {
+  public:
+    explicit ShaderFunction(const QShader& shader);
+    [[nodiscard]] const QShader& shader() const { return *shader_; }
+
+  private:
+    std::shared_ptr<const QShader> shader_;
+};
+
+/// The compiled functions of a bundle, by name: the files "Shaders/NAME.qsb".
+class ShaderLibrary {
+  public:
+    /// Throws `GpuError` when the bundle has no library.
+    explicit ShaderLibrary(const Bundle& bundle);
+
+    /// Nothing when there is no function of that name; throws `GpuError` when its file is broken.
+    [[nodiscard]] std::optional<ShaderFunction> function(const QString& name) const;
+
+  private:
+    QDir directory_;
+};
+
+} // namespace platform

@@ -1,0 +1,66 @@
+#include "shaders/quad_renderer.hpp"
+
+#include "shaders/renderer_error.hpp"
+#include "shaders/resource_bundle_accessor.hpp"
+
+#include <QThread>
+
+#include <cmath>
+#include <utility>
+
+namespace kestrel {
+namespace {
+
+double secondsBetween(core::Instant from, core::Instant to) {
+    return std::abs((to - from).count());
+}
+
+} // namespace
+
+QuadRenderer::QuadRenderer(platform::GpuView& view, RendererDescription description,
+                           const core::Clock& clock)
+    : clock_(clock), device_(view.device()),
+      commandBufferLabel_(std::move(description.commandBufferLabel)) {
+    if (device_ == nullptr) {
+        throw RendererError(RendererError::Case::noValidDevice);
+    }
+    const platform::ShaderLibrary library(resourceBundle());
+    pipelineState_ = std::make_unique<platform::QuadPipeline>(
+        view, platform::QuadPipelineDescriptor{
+                  std::move(description.pipelineLabel),
+                  library.function(description.vertexFunctionName),
+                  library.function(description.fragmentFunctionName), description.uniformSize,
+                  std::move(description.textures)});
+    drawableSizeWillChange(view, view.drawableSize());
+    startTime_ = clock_.now();
+}
+
+void QuadRenderer::resume() {
+    if (pauseTime) {
+        pausedTime_ += secondsBetween(*pauseTime, clock_.now());
+    }
+    pauseTime.reset();
+}
+
+float QuadRenderer::time() const {
+    return static_cast<float>(secondsBetween(startTime_, clock_.now()) - pausedTime_);
+}
+
+QuadRenderer::ViewSize QuadRenderer::viewSize() const {
+    return {static_cast<float>(viewport_.width), static_cast<float>(viewport_.height)};
+}
+
+void QuadRenderer::drawableSizeWillChange(platform::GpuView& view, QSize pixels) {
+    Q_ASSERT(view.thread() == QThread::currentThread());
+    viewport_ = {0, 0, static_cast<double>(pixels.width()), static_cast<double>(pixels.height()),
+                 0, 1};
+}
+
+void QuadRenderer::draw(platform::GpuView& view) {
+    Q_ASSERT(view.thread() == QThread::currentThread());
+    if (platform::GpuRenderPass* const pass = view.beginRenderPass(commandBufferLabel_)) {
+        pipelineState_->draw(*pass, viewport_, uniforms());
+    }
+}
+
+} // namespace kestrel

@@ -1,0 +1,20 @@
+#include "shaders/resource_bundle_accessor.hpp"
+
+namespace kestrel {
+namespace {
+
+/// Marks the program or shared library that contains this module.
+class BundleFinder {
+  public:
+    static inline const char anchor = 0;
+};
+
+} // namespace
+
+const platform::Bundle& resourceBundle() {
+    static const std::unique_ptr<platform::Bundle> bundle =
+        platform::findModuleBundle("KestrelShaders_KestrelShaders", &BundleFinder::anchor);
+    return *bundle;
+}
+
+} // namespace kestrel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "core/clock.hpp"
+#include "core/subscription.hpp"
+#include "platform/gpu/gpu_view.hpp"
+#include "platform/ui/view_controller.hpp"
+#include "shaders/quad_renderer.hpp"
+
+#include <QPointer>
+
+#include <memory>
+
+namespace kestrel {
+
+/// Hosts a renderer in a container view: makes the drawing view and the renderer when the container
+/// appears, stops the animation while its window is not key, out of sight or minimised, and
+/// releases both when it disappears, so that the next appearance starts anew at time 0. A renderer
+/// that cannot be made leaves the view empty, without a message. Main thread.
+class ShaderViewController : public platform::ViewController {
+    Q_OBJECT
+
+  public:
+    /// The drawing view; null before the container has appeared and after it has disappeared.
+    [[nodiscard]] platform::GpuView* metalKitView() const { return metalKitView_; }
+
+    void viewWillAppear() override;
+    void viewDidAppear() override;
+    void viewDidDisappear() override;
+    void windowDidHideFromSight() override;
+    void windowDidReturnToSight() override;
+
+    /// A window has become or resigned key. Anything that is not the window which shows the view is
+    /// ignored.
+    void handleDidBecomeKey(QObject* object);
+    void handleDidResignKey(QObject* object);
+
+  protected:
+    ShaderViewController(QWidget* view, const core::Clock& clock);
+    ~ShaderViewController() override;
+
+    [[nodiscard]] const core::Clock& clock() const { return clock_; }
+    [[nodiscard]] QuadRenderer* quadRenderer() const { return renderer_.get(); }
+    /// Makes the renderer for a drawing view. What it throws leaves the view empty.
+    virtual std::unique_ptr<QuadRenderer> makeRenderer(platform::GpuView& view) = 0;
+
+  private:
+    [[nodiscard]] bool isOwnWindow(const QObject* object) const;
+    void release();
+
+    const core::Clock& clock_;
+    QPointer<platform::GpuView> metalKitView_;
+    std::unique_ptr<QuadRenderer> renderer_;
+    core::Subscription becomingKey_;
+    core::Subscription resigningKey_;
+};
+
+} // namespace kestrel
