@@ -1,0 +1,19 @@
+#pragma once
+
+#include "artwork/drawing.hpp"
+
+namespace artwork {
+
+/// Every drawing of every bundle. `fonts` is the folder of the typefaces that logos are set in.
+[[nodiscard]] std::vector<Drawing> allDrawings(const QString& fonts);
+
+/// The drawings of one bundle, in the order they were declared.
+[[nodiscard]] std::vector<Drawing> drawingsOf(const QString& bundle, const QString& fonts);
+
+// One function for each family, in the file of the same name in drawings/.
+void addApplicationIcon(std::vector<Drawing>& drawings);
+void addButtons(std::vector<Drawing>& drawings);
+void addLogo(std::vector<Drawing>& drawings, const QString& fonts);
+void addWindowControls(std::vector<Drawing>& drawings);
+
+} // namespace artwork
