@@ -77,6 +77,18 @@ QColor AssetCatalog::color(const QString& name) const {
     return entry == manifest_.colors.end() ? QColor() : toColor(entry->second);
 }
 
+QFont AssetCatalog::font(const QString& face, double size) const {
+    QFont font;
+    if (const auto entry = manifest_.faces.find(face.toStdString());
+        entry != manifest_.faces.end()) {
+        font.setFamilies({QString::fromStdString(entry->second.family)});
+        font.setStyleName(QString::fromStdString(entry->second.style));
+        font.setWeight(static_cast<QFont::Weight>(entry->second.weight));
+    }
+    font.setPixelSize(qRound(size)); // a point is a device-independent pixel
+    return font;
+}
+
 QStringList AssetCatalog::registerFonts() const {
     QStringList failed;
     for (const std::string& font : manifest_.fonts) {

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QDir>
+#include <QFont>
 #include <QImage>
 #include <QMarginsF>
 #include <QSizeF>
@@ -50,6 +51,9 @@ class AssetCatalog {
     [[nodiscard]] const ImageAsset* image(const QString& name) const;
     /// An invalid colour when the bundle has none of that name.
     [[nodiscard]] QColor color(const QString& name) const;
+    /// A typeface under its exact name, at a size in points; its fonts have to be registered. The
+    /// system's own font at that size when the bundle has none of that name.
+    [[nodiscard]] QFont font(const QString& face, double size) const;
     /// Makes the bundle's fonts known to the program under their names. Returns the files that
     /// could not be registered.
     QStringList registerFonts() const;

@@ -89,6 +89,17 @@ std::optional<ColorEntry> parseColor(const Json& json) {
                       *components};
 }
 
+std::optional<FaceEntry> parseFace(const Json& json) {
+    const Json family = json.value("family", Json());
+    const Json style = json.value("style", Json(""));
+    const Json weight = json.value("weight", Json(400));
+    if (!family.is_string() || family.get_ref<const std::string&>().empty() ||
+        !style.is_string() || !weight.is_number_integer() || weight < 1 || weight > 1000) {
+        return {};
+    }
+    return FaceEntry{family.get<std::string>(), style.get<std::string>(), weight.get<int>()};
+}
+
 template<class Entry, class Parse>
 void collect(const Json& root, const char* key, std::map<std::string, Entry, std::less<>>& into,
              Parse parse) {
@@ -115,6 +126,7 @@ AssetManifest AssetManifest::parse(std::string_view text) noexcept {
     }
     collect(root, "images", manifest.images, parseImage);
     collect(root, "colors", manifest.colors, parseColor);
+    collect(root, "faces", manifest.faces, parseFace);
     if (const auto fonts = root.find("fonts"); fonts != root.end() && fonts->is_array()) {
         for (const Json& file : *fonts) {
             if (file.is_string() && staysInside(file.get_ref<const std::string&>())) {

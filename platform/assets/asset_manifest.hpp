@@ -30,12 +30,20 @@ struct ColorEntry {
     std::array<double, 4> components{};
 };
 
-/// The table of contents of a resource bundle, its file "Assets.json": images, colours and font
-/// files by name. The format is described in artwork/README.md.
+/// Where a typeface is found under the name that programs ask for.
+struct FaceEntry {
+    std::string family;
+    std::string style;
+    int weight = 400; ///< 1 to 1000
+};
+
+/// The table of contents of a resource bundle, its file "Assets.json": images, colours and
+/// typefaces by name. The format is described in artwork/README.md.
 struct AssetManifest {
     std::map<std::string, ImageEntry, std::less<>> images;
     std::map<std::string, ColorEntry, std::less<>> colors;
     std::vector<std::string> fonts; ///< file names relative to the bundle
+    std::map<std::string, FaceEntry, std::less<>> faces;
 
     /// Reads a manifest. Entries that make no sense are left out, and so is everything when the
     /// text is not a JSON object: a missing asset has its own outcome where it is used. File names

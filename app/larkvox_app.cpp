@@ -1,0 +1,84 @@
+#include "app/larkvox_app.hpp"
+
+#include "app/content_view.hpp"
+#include "driftwood/declarative/resource_bundle_accessor.hpp"
+#include "fernhorn/fonts/resource_bundle_accessor.hpp"
+#include "platform/assets/bundle.hpp"
+#include "platform/gpu/gpu_view.hpp"
+#include "platform/ui/about_panel.hpp"
+#include "platform/ui/window_scene.hpp"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QMenu>
+#include <QTranslator>
+
+namespace larkvox {
+
+using platform::SPUStandardUpdaterController;
+
+LarkvoxApp::LarkvoxApp()
+    : appDelegate_(std::make_unique<AppDelegate>()),
+      sparkleHelper_(std::make_unique<SparkleHelper>()) {
+    sparkleHelper_->updaterController = std::make_unique<SPUStandardUpdaterController>(
+        SPUStandardUpdaterController::Starting::later, sparkleHelper_.get());
+    sparkleHelper_->updaterController->startUpdater();
+    appDelegate_->sparkleHelper = sparkleHelper_.get();
+}
+
+LarkvoxApp::~LarkvoxApp() = default;
+
+std::unique_ptr<platform::WindowScene>
+LarkvoxApp::makeWindow(const platform::Bundle& bundle) {
+    // The title is the product's name, which is not translated.
+    auto window = std::make_unique<platform::WindowScene>(
+        QStringLiteral("Larkvox"), QStringLiteral("main"), QSize(400, 572), bundle.assets());
+    QPalette palette = window->palette();
+    palette.setColor(QPalette::Window, bundle.assets().color(QStringLiteral("background")));
+    window->setPalette(palette);
+    platform::GpuHost::install(*window);
+    window->setContent(new ContentView(180, bundle));
+
+    auto* const menu = new QMenu(QStringLiteral("Larkvox"));
+    connect(menu->addAction(tr("About")), &QAction::triggered, this,
+            [] { platform::orderFrontStandardAboutPanel(); });
+    menu->addSeparator();
+    connect(menu->addAction(tr("Check for Updates…")), &QAction::triggered, this, [this] {
+        if (sparkleHelper_->updaterController != nullptr) {
+            sparkleHelper_->updaterController->checkForUpdates();
+        }
+    });
+    window->setMenu(menu);
+    return window;
+}
+
+void prepareApplication(QApplication& application, const platform::Bundle& bundle) {
+    const auto install = [&](const QString& name, const QString& folder) {
+        auto* const translator = new QTranslator(&application);
+        if (translator->load(QLocale(), name, QStringLiteral("_"), folder)) {
+            QCoreApplication::installTranslator(translator);
+        }
+    };
+    install(QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    install(QStringLiteral("larkvox"), bundle.path(QStringLiteral("Translations")));
+
+    // A typeface that cannot be registered is replaced by the desktop's own.
+    fernhorn::resourceBundle().assets().registerFonts();
+    driftwood::resourceBundle().assets().registerFonts();
+
+    QCoreApplication::setApplicationName(bundle.information(QStringLiteral("CFBundleName")));
+    QCoreApplication::setApplicationVersion(
+        bundle.information(QStringLiteral("CFBundleShortVersionString")));
+    QGuiApplication::setDesktopFileName(QStringLiteral("larkvox"));
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        if (const auto* const image =
+                bundle.assets().image(QStringLiteral("application-icon-%1").arg(size))) {
+            icon.addPixmap(QPixmap::fromImage(image->image(1)));
+        }
+    }
+    QApplication::setWindowIcon(icon);
+}
+
+} // namespace larkvox

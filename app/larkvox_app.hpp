@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/app_delegate.hpp"
+#include "app/sparkle_helper.hpp"
+
+#include <QObject>
+
+#include <memory>
+
+class QApplication;
+
+namespace platform {
+class Bundle;
+class WindowScene;
+} // namespace platform
+
+namespace larkvox {
+
+/// The application: its delegate, its updater, and its one window. Main thread.
+class LarkvoxApp final : public QObject {
+    Q_OBJECT
+
+  public:
+    LarkvoxApp();
+    ~LarkvoxApp() override;
+
+    /// Makes the window, which is not shown yet.
+    [[nodiscard]] std::unique_ptr<platform::WindowScene>
+    makeWindow(const platform::Bundle& bundle);
+
+    [[nodiscard]] AppDelegate& appDelegate() { return *appDelegate_; }
+    [[nodiscard]] SparkleHelper& sparkleHelper() { return *sparkleHelper_; }
+
+  private:
+    std::unique_ptr<AppDelegate> appDelegate_;
+    std::unique_ptr<SparkleHelper> sparkleHelper_;
+};
+
+/// What the program needs before its first window: the user's language, the typefaces of its
+/// bundles, its name and icon.
+void prepareApplication(QApplication& application, const platform::Bundle& bundle);
+
+} // namespace larkvox

@@ -1,0 +1,37 @@
+#include "driftwood/declarative/button_styles.hpp"
+
+#include "driftwood/declarative/resource_bundle_accessor.hpp"
+#include "platform/assets/image_painter.hpp"
+#include "platform/ui/system_font.hpp"
+
+#include <QPainter>
+
+namespace driftwood {
+
+void BezelButtonStyle::paint(QPainter& painter, const QRectF& body,
+                             const platform::ButtonConfiguration& configuration) const {
+    const platform::AssetCatalog& assets = resourceBundle().assets();
+    const bool isPressed = configuration.isPressed;
+    if (const platform::ImageAsset* const bezel = assets.image(
+            isPressed ? QStringLiteral("dwk-button-down") : QStringLiteral("dwk-button"))) {
+        platform::paintImage(painter, body, *bezel);
+    }
+    QColor ink =
+        assets.color(isPressed ? QStringLiteral("Grey 50%") : QStringLiteral("Grey 85%"));
+    if (!configuration.isEnabled) {
+        ink.setAlphaF(ink.alphaF() * disabledOpacity());
+    }
+    painter.setPen(ink);
+    painter.setFont(font());
+    painter.drawText(body, Qt::AlignCenter | Qt::TextSingleLine, configuration.label);
+}
+
+QFont DefaultKestrelButtonStyle::font() const {
+    return platform::systemFont(11, QFont::Normal);
+}
+
+QFont FennickButtonStyle::font() const {
+    return platform::systemFont(12, QFont::Bold, platform::FontDesign::rounded);
+}
+
+} // namespace driftwood

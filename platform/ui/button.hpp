@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QFont>
+#include <QMarginsF>
+
+#include <memory>
+
+namespace platform {
+
+/// What a button style paints.
+struct ButtonConfiguration {
+    QString label;
+    bool isPressed = false;
+    bool isEnabled = true;
+};
+
+/// How buttons look: immutable, shared by any number of them. Main thread.
+class ButtonStyle {
+  public:
+    virtual ~ButtonStyle() = default;
+    [[nodiscard]] virtual QFont font() const = 0;
+    /// The height of the body in points; its width is that of the label.
+    [[nodiscard]] virtual double height() const = 0;
+    /// Room around the body in the layout; negative: the body reaches out of its place.
+    [[nodiscard]] virtual QMarginsF padding() const { return {}; }
+    virtual void paint(QPainter& painter, const QRectF& body,
+                       const ButtonConfiguration& configuration) const = 0;
+};
+
+/// A push button painted by a style. Space and Return press it; keyboard focus shows as a ring.
+/// Put it into a layout as a `PaddedItem` with the style's padding.
+class Button final : public QAbstractButton {
+    Q_OBJECT
+
+  public:
+    Button(const QString& label, std::shared_ptr<const ButtonStyle> style,
+           QWidget* parent = nullptr);
+
+    /// Gives the label a width of its own, in points; 0 is that of its text.
+    void setLabelWidth(double width);
+    [[nodiscard]] const ButtonStyle& buttonStyle() const { return *style_; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    std::shared_ptr<const ButtonStyle> style_;
+    double labelWidth_ = 0;
+    bool showsFocus_ = false;
+    bool isPressedWhileDisabled_ = false;
+};
+
+} // namespace platform

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QLayoutItem>
+#include <QMarginsF>
+#include <QWidget>
+
+namespace platform {
+
+/// A widget in a layout with room around it; negative padding lets the widget reach out of its
+/// place. The layout owns the item.
+class PaddedItem final : public QWidgetItem {
+  public:
+    PaddedItem(QWidget* widget, const QMarginsF& padding)
+        : QWidgetItem(widget), padding_(padding.toMargins()) {}
+
+    [[nodiscard]] QSize sizeHint() const override {
+        return QWidgetItem::sizeHint().grownBy(padding_);
+    }
+    [[nodiscard]] QSize minimumSize() const override {
+        return QWidgetItem::minimumSize().grownBy(padding_);
+    }
+    [[nodiscard]] QSize maximumSize() const override {
+        return QWidgetItem::maximumSize().grownBy(padding_);
+    }
+    void setGeometry(const QRect& place) override {
+        widget()->setGeometry(place.marginsRemoved(padding_));
+    }
+    [[nodiscard]] QRect geometry() const override {
+        return widget()->geometry().marginsAdded(padding_);
+    }
+
+  private:
+    QMargins padding_;
+};
+
+} // namespace platform

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QPoint>
+#include <QKeySequence>
+#include <QList>
+#include <QSize>
+#include <QWidget>
+
+#include <functional>
+
+class QMenu;
+
+namespace platform {
+
+class AssetCatalog;
+class GlyphButton;
+
+/// A window without a title bar whose content has one fixed size. Every part of it that is not a
+/// control moves it. It is minimised and closed with the buttons in its corner, and with Ctrl+M,
+/// Ctrl+W and Alt+F4; Ctrl+Q ends the program. Its menu is in the desktop's global menu bar where
+/// there is one; it also opens with the button in the corner, F10, the menu key, and the secondary
+/// mouse button. Main thread.
+class WindowScene final : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `title` is what the desktop shows for the window, `identifier` its name in the program. The
+    /// glyphs "window-menu", "window-minimise" and "window-close" come from `assets`, which has to
+    /// outlive the window.
+    WindowScene(const QString& title, const QString& identifier, QSize contentSize,
+                const AssetCatalog& assets);
+
+    /// The window owns its content, which fills it below the buttons in the corner.
+    void setContent(QWidget* content);
+    /// The window owns the menu. Its title is the program's name.
+    void setMenu(QMenu* menu);
+    [[nodiscard]] QMenu* menu() const { return menu_; }
+    void popUpMenu();
+
+  protected:
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void addShortcut(const QList<QKeySequence>& keys, const std::function<void()>& action);
+    void placeButtons();
+
+    QWidget* content_ = nullptr;
+    QMenu* menu_ = nullptr;
+    GlyphButton* menuButton_;
+    GlyphButton* minimiseButton_;
+    GlyphButton* closeButton_;
+    QPoint pressPosition_;
+    bool isPressed_ = false;
+    bool isMovedByHand_ = false;
+};
+
+} // namespace platform

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QUrl>
+
+namespace platform {
+
+/// What the desktop does for a program. Tests put their own in its place. Main thread.
+class Workspace {
+  public:
+    virtual ~Workspace() = default;
+
+    /// Opens an address with the user's program for it. False when the desktop has none.
+    virtual bool open(const QUrl& url) = 0;
+
+    /// The user's desktop.
+    static Workspace& shared();
+};
+
+} // namespace platform
