@@ -6,6 +6,7 @@
 #include <QLinearGradient>
 #include <QRadialGradient>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace artwork {
@@ -14,55 +15,64 @@ namespace {
 
 constexpr double pi = 3.141592653589793;
 
-/// How much detail a size can carry.
+/// How much detail a size can carry. The small icons are not the large one made smaller: fewer
+/// strands, wider apart or run together into one shape, and a voice that fills the body more.
 struct Detail {
     int size; ///< points
     int strands;
     double thickness; ///< deviation of a strand's light, in points
-    double spread;    ///< how far the strands differ from each other
-    double strength;  ///< light at the core of a strand
+    double strength;  ///< light at the core of a strand, linear
+    double loudness;  ///< how far the strands reach, in parts of the size
+    double left; ///< where the voice begins, in parts of the size; it ends as far from the right
 };
 
-constexpr Detail details[] = {
-    {16, 2, 0.62, 1.0, 2.2},    {24, 2, 0.8, 1.0, 2.2},     {32, 3, 0.8, 1.0, 1.9},
-    {48, 5, 0.62, 1.0, 1.7},    {64, 9, 0.55, 1.0, 1.2},    {128, 17, 0.55, 1.0, 1.1},
-    {256, 29, 0.62, 1.0, 1.05}, {512, 45, 0.75, 1.0, 1.05},
+constexpr std::array details{
+    Detail{16, 31, 0.42, 0.20, 0.33, 0.13},   Detail{24, 31, 0.45, 0.24, 0.33, 0.125},
+    Detail{32, 31, 0.45, 0.22, 0.325, 0.12},  Detail{48, 7, 0.50, 1.2, 0.32, 0.115},
+    Detail{64, 9, 0.50, 1.25, 0.305, 0.115},  Detail{128, 16, 0.50, 1.15, 0.29, 0.115},
+    Detail{256, 26, 0.55, 1.05, 0.28, 0.115}, Detail{512, 38, 0.62, 1.05, 0.275, 0.115},
 };
 
-/// The height of a strand at `t` along the voice; `u` is its place among the strands, -1…1.
-/// In parts of the icon's size, downwards.
-double strandAt(double t, double u, double spread) {
-    const double opening = std::pow(std::sin(pi * t), 1.5);
-    const double phase = 2 * pi * 1.15 * (t - 0.5) + 0.35;
-    const double twist = 1.05 * spread * u;
-    return -opening * (0.21 * std::sin(phase + twist) + 0.035 * u * std::cos(phase * 0.5));
+/// The height of a strand at `t` along the voice, 0…1, upwards, where 1 is as loud as it gets;
+/// `u` is its place among the strands, -1…1. All of them meet at both ends and nearly meet at two
+/// knots between, and the bundle turns a little on the way, so that it has a near and a far side.
+double strandAt(double t, double u) {
+    const double opening = std::pow(std::sin(pi * t), 1.2);
+    const double phase = 2 * pi * 1.45 * (t - 0.485);
+    const double turn = pi / 2 * u;
+    return opening * (0.95 * std::sin(turn) * std::cos(phase) +
+                      0.32 * std::cos(turn) * std::sin(phase + 0.3));
+}
+
+/// Aqua where the voice begins, purple where it ends.
+LightField::Light strandLight(double t, double u, double strength) {
+    const double fade = std::pow(std::sin(pi * t), 0.6);
+    // The strands at the rim of the bundle are seen edge on, and are brighter.
+    const double edge = 0.7 + 0.45 * u * u;
+    const double hue = std::clamp(0.5 + 0.8 * (t - 0.5) + 0.22 * u, 0.0, 1.0);
+    return LightField::light(mixed(color("Kestrel/Aqua"), color("Kestrel/Purple"), hue),
+                             strength * fade * edge);
 }
 
 void addStrand(LightField& field, const Detail& detail, double u, int scale) {
-    const double pixels = detail.size * scale;
+    const int pixels = detail.size * scale;
     const double deviation = detail.thickness * scale;
-    const double reach = deviation * 3.5;
-    const double left = 0.085;
-    const double right = 0.915;
-    for (int x = 0; x < static_cast<int>(pixels); ++x) {
-        const double t = ((x + 0.5) / pixels - left) / (right - left);
+    const double length = (1 - 2 * detail.left) * pixels;
+    const auto height = [&](double t) {
+        return (0.505 - detail.loudness * strandAt(t, u)) * pixels;
+    };
+    for (int x = 0; x < pixels; ++x) {
+        const double t = (x + 0.5 - detail.left * pixels) / length;
         if (t <= 0 || t >= 1) {
             continue;
         }
-        const auto height = [&](double at) {
-            return (0.505 + strandAt(at, u, detail.spread)) * pixels;
-        };
-        const double y = height(t);
         constexpr double step = 1e-3;
-        const double slope =
-            (height(t + step) - height(t - step)) / (2 * step * pixels * (right - left));
-        const double across = 1 / std::hypot(1, slope);
-        const double fade = std::pow(std::sin(pi * t), 0.45);
-        const double hue = std::clamp(0.5 + 0.62 * (t - 0.5) + 0.32 * u, 0.0, 1.0);
-        const auto light = LightField::light(
-            mixed(color("Kestrel/Aqua"), color("Kestrel/Purple"), hue), detail.strength * fade);
-        for (int row = static_cast<int>(y - reach / across);
-             row <= static_cast<int>(y + reach / across); ++row) {
+        const double slope = (height(t + step) - height(t - step)) / (2 * step * length);
+        const double across = 1 / std::hypot(1, slope); // from the vertical distance to the nearest
+        const double reach = 3.5 * deviation / across;
+        const double y = height(t);
+        const auto light = strandLight(t, u, detail.strength);
+        for (int row = static_cast<int>(y - reach); row <= static_cast<int>(y + reach); ++row) {
             const double distance = (row + 0.5 - y) * across / deviation;
             field.add(x, row, light, static_cast<float>(std::exp(-0.5 * distance * distance)));
         }
@@ -71,10 +81,10 @@ void addStrand(LightField& field, const Detail& detail, double u, int scale) {
 
 void drawBody(Canvas& canvas, const QPainterPath& shape, double size) {
     material::castShadow(canvas, shape, size * 0.022, 0.55);
-    material::body(canvas, shape, QColor(0x3a2b66), QColor(0x150f26));
+    material::body(canvas, shape, QColor(0x38266e), QColor(0x110b20));
     const auto rect = shape.boundingRect();
-    QRadialGradient sheen(rect.topLeft() + QPointF(size * 0.16, size * 0.1), size * 0.85);
-    sheen.setColorAt(0, QColor(150, 120, 255, 64));
+    QRadialGradient sheen(rect.topLeft() + QPointF(size * 0.16, size * 0.08), size * 0.9);
+    sheen.setColorAt(0, QColor(150, 120, 255, 52));
     sheen.setColorAt(1, QColor(150, 120, 255, 0));
     canvas.fill(shape, sheen);
 }
@@ -91,13 +101,14 @@ void drawIcon(Canvas& canvas, const Detail& detail) {
         addStrand(field, detail, 2.0 * i / (detail.strands - 1) - 1, canvas.scale());
     }
     const double pixels = size * canvas.scale();
-    field.bloom(pixels * 0.012, 0.5F);
-    field.bloom(pixels * 0.05, 0.45F);
+    field.bloom(pixels * 0.006, 0.5F);
+    field.bloom(pixels * 0.022, 0.35F);
+    field.bloom(pixels * 0.07, 0.3F);
     field.shineOn(canvas.pixels(), canvas.mask(shape));
 
-    const double rim = std::max(canvas.pixel(), size * 0.006);
+    const double rim = std::max(canvas.pixel(), size * 0.005);
     material::rimShade(canvas, shape, rim, 0.35);
-    material::rimLight(canvas, shape, rim, 0.34);
+    material::rimLight(canvas, shape, rim, 0.32);
 }
 
 } // namespace

@@ -7,7 +7,7 @@ namespace artwork {
 namespace {
 
 constexpr double height = 24;
-constexpr double cap = 6;
+constexpr double cap = 8;
 constexpr double radius = 3.5;
 constexpr double width = 2 * cap + 4;
 

@@ -8,42 +8,60 @@ namespace artwork {
 
 namespace {
 
-constexpr core::Size size{112, 32};
+constexpr core::Size size{117, 30};
 
-/// Adds the curves of one half of the face and their mirror image about x = 0.
+/// Curves that form one half of the fox, left of x = 0, and their mirror image.
 QPainterPath mirrored(const QPainterPath& half) {
     auto whole = half;
     whole.addPath(QTransform::fromScale(-1, 1).map(half));
     return whole;
 }
 
-/// The fox from the front, its nose at (0, 0) and its ears up to y = -27.
+/// A fennec fox from the front: mostly ears. Its nose is at (0, 0), its ears reach y = -26.6.
 QPainterPath fox() {
-    QPainterPath half;
-    half.moveTo(0, 0);
-    half.cubicTo(-2.2, -0.4, -3.4, -2.2, -4.6, -4.4);
-    half.cubicTo(-6.2, -7.0, -8.2, -8.0, -8.2, -10.6);
-    half.cubicTo(-11.6, -14.4, -13.8, -20.2, -13.0, -26.4);
-    half.cubicTo(-8.6, -24.6, -5.0, -20.4, -3.4, -14.6);
-    half.cubicTo(-2.2, -15.0, -1.2, -15.2, 0, -15.2);
-    half.closeSubpath();
+    QPainterPath head;
+    head.moveTo(0, 0);
+    head.cubicTo(-1.4, 0, -2.0, -1.0, -2.6, -2.2); // the muzzle
+    head.cubicTo(-3.9, -4.9, -6.2, -6.0, -9.6, -6.2);
+    head.cubicTo(-8.8, -7.4, -8.5, -8.6, -8.5, -10.0); // the cheek
+    head.cubicTo(-13.6, -12.6, -17.2, -18.6, -16.2, -24.8);
+    head.cubicTo(-15.9, -26.5, -14.6, -27.0, -13.2, -26.4); // the ear's tip
+    head.cubicTo(-7.4, -24.0, -3.0, -19.6, -1.9, -13.6);
+    head.cubicTo(-1.3, -13.75, -0.7, -13.8, 0, -13.8);
+    head.closeSubpath();
 
     QPainterPath ear;
-    ear.moveTo(-11.4, -22.8);
-    ear.cubicTo(-11.2, -18.8, -9.8, -15.4, -7.8, -12.8);
-    ear.cubicTo(-6.6, -13.6, -5.8, -14.0, -5.2, -14.2);
-    ear.cubicTo(-6.4, -18.0, -8.4, -21.0, -11.4, -22.8);
+    ear.moveTo(-13.8, -23.6);
+    ear.cubicTo(-14.0, -18.2, -11.4, -13.6, -7.0, -11.3);
+    ear.cubicTo(-5.6, -16.2, -8.4, -21.0, -13.8, -23.6);
     ear.closeSubpath();
 
     QPainterPath eye;
-    eye.addEllipse(QPointF(-3.6, -8.4), 0.95, 1.15);
-    return mirrored(half).simplified().subtracted(mirrored(ear)).subtracted(mirrored(eye));
+    eye.moveTo(-5.6, -8.8);
+    eye.cubicTo(-4.2, -9.6, -2.5, -8.6, -2.4, -6.7);
+    eye.cubicTo(-4.0, -6.3, -5.4, -7.2, -5.6, -8.8);
+    eye.closeSubpath();
+
+    // Cutting turns curves into lines as long as a point or so: cut at a large size.
+    const auto large = QTransform::fromScale(100, 100);
+    const auto cut = mirrored(large.map(head))
+                         .simplified()
+                         .subtracted(mirrored(large.map(ear)))
+                         .subtracted(mirrored(large.map(eye)));
+    return large.inverted().map(cut);
 }
 
 void drawLogo(Canvas& canvas, const QString& fonts) {
-    canvas.fill(fox().translated(14.5, 29.5), Qt::black);
-    const auto word = outlineOf("fennick", fonts + "/FennickRounded-Bold.ttf", 21.5, 0.1);
-    canvas.fill(word.path.translated(33, 23), Qt::black);
+    canvas.painter().save();
+    canvas.painter().translate(16, 28);
+    canvas.painter().scale(0.96, 0.96);
+    canvas.fill(fox(), Qt::black);
+    canvas.painter().restore();
+
+    // The lower-case letters are 12 points high and stand on a whole point, to be crisp at 1x.
+    constexpr double letterSize = 12 / 0.545;
+    const auto word = outlineOf("fennick", fonts + "/FennickRounded-Bold.ttf", letterSize, 0.15);
+    canvas.fill(word.path.translated(37, 22), Qt::black);
 }
 
 } // namespace
