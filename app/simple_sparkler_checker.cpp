@@ -68,20 +68,20 @@ void SimpleSparklerChecker::parse(std::string_view data) {
     XML_SetUserData(parser.get(), &reading);
     XML_SetElementHandler(
         parser.get(),
-        [](void* data, const XML_Char* name, const XML_Char**) {
+        [](void* user, const XML_Char* name, const XML_Char**) {
             // Without namespace processing the name is the qualified one.
-            static_cast<Reading*>(data)->checker.didStartElement(name, name);
+            static_cast<Reading*>(user)->checker.didStartElement(name, name);
         },
-        [](void* data, const XML_Char*) { static_cast<Reading*>(data)->checker.didEndElement(); });
-    XML_SetCharacterDataHandler(parser.get(), [](void* data, const XML_Char* text, int length) {
-        static_cast<Reading*>(data)->checker.foundCharacters(
+        [](void* user, const XML_Char*) { static_cast<Reading*>(user)->checker.didEndElement(); });
+    XML_SetCharacterDataHandler(parser.get(), [](void* user, const XML_Char* text, int length) {
+        static_cast<Reading*>(user)->checker.foundCharacters(
             {text, static_cast<std::size_t>(length)});
     });
     // Entities can grow without bound, and a feed needs none.
-    XML_SetEntityDeclHandler(parser.get(), [](void* data, const XML_Char*, int, const XML_Char*,
+    XML_SetEntityDeclHandler(parser.get(), [](void* user, const XML_Char*, int, const XML_Char*,
                                               int, const XML_Char*, const XML_Char*,
                                               const XML_Char*, const XML_Char*) {
-        XML_StopParser(static_cast<Reading*>(data)->parser, XML_FALSE);
+        XML_StopParser(static_cast<Reading*>(user)->parser, XML_FALSE);
     });
     constexpr std::size_t largestPart = 1 << 20; // the parser counts in int
     do {
