@@ -30,7 +30,7 @@ constexpr std::array details{
     Detail{16, 31, 0.42, 0.20, 0.33, 0.13},   Detail{24, 31, 0.45, 0.24, 0.33, 0.125},
     Detail{32, 31, 0.45, 0.22, 0.325, 0.12},  Detail{48, 7, 0.50, 1.2, 0.32, 0.115},
     Detail{64, 9, 0.50, 1.25, 0.305, 0.115},  Detail{128, 16, 0.50, 1.15, 0.29, 0.115},
-    Detail{256, 26, 0.55, 1.05, 0.28, 0.115}, Detail{512, 38, 0.62, 1.05, 0.275, 0.115},
+    Detail{256, 26, 0.55, 1.05, 0.28, 0.115}, Detail{512, 32, 0.62, 1.05, 0.275, 0.115},
 };
 
 /// The height of a strand at `t` along the voice, 0…1, upwards, where 1 is as loud as it gets;

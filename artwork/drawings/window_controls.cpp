@@ -30,7 +30,7 @@ void drawMinimise(Canvas& canvas) {
 void drawMenu(Canvas& canvas) {
     // Whole points apart, so that the gaps stay equal where a point is one pixel.
     for (const double offset : {-3.0, 0.0, 3.0}) {
-        bar(canvas, 1, 11, 6 + offset);
+        bar(canvas, 2, 10, 6 + offset);
     }
 }
 
