@@ -42,18 +42,17 @@ class Screen {
     bool showsPicture() {
         constexpr std::uint16_t width = 110;
         constexpr std::uint16_t height = 160;
-        xcb_get_image_reply_t* const reply = xcb_get_image_reply(
-            connection_,
-            xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_, 15, 70, width, height,
-                          ~0U),
-            nullptr);
+        xcb_get_image_reply_t* const reply =
+            xcb_get_image_reply(connection_,
+                                xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_, 15, 70,
+                                              width, height, ~0U),
+                                nullptr);
         if (reply == nullptr) {
             return false;
         }
         int bright = 0;
         const std::span<const std::uint8_t> bytes(
-            xcb_get_image_data(reply),
-            static_cast<std::size_t>(xcb_get_image_data_length(reply)));
+            xcb_get_image_data(reply), static_cast<std::size_t>(xcb_get_image_data_length(reply)));
         for (std::size_t i = 0; i + 3 < bytes.size(); i += 4) {
             const int strongest = std::max({bytes[i], bytes[i + 1], bytes[i + 2]});
             const int weakest = std::min({bytes[i], bytes[i + 1], bytes[i + 2]});
