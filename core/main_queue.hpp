@@ -72,7 +72,8 @@ class MainQueue {
     void post(Task&& task) {
         if (!tryPost(std::forward<Task>(task))) {
             // tryPost has not touched the task.
-            putInLine(new OverflowTask<std::decay_t<Task>>(std::forward<Task>(task)));
+            putInLine(
+                new OverflowTask<std::decay_t<Task>>(std::in_place, std::forward<Task>(task)));
         }
     }
 
@@ -142,7 +143,7 @@ class MainQueue {
     class OverflowTask final : public Mergeable {
       public:
         template<class From>
-        explicit OverflowTask(From&& task) : task_(std::forward<From>(task)) {}
+        explicit OverflowTask(std::in_place_t, From&& task) : task_(std::forward<From>(task)) {}
         void take() noexcept override {}
         void apply() override {
             const std::unique_ptr<OverflowTask> self(this);
