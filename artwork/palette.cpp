@@ -29,7 +29,7 @@ constexpr std::array colors{
     NamedColor{driftwood, "Grey 85%", 0xffd8d6dc},
     NamedColor{driftwood, "Grey 100%", 0xffffffff},
     NamedColor{driftwood, "Highlight/System", 0xff7761dd},
-    NamedColor{driftwood, "Error", 0xffc8324a},
+    NamedColor{driftwood, "Error", 0xffd8364f},
     NamedColor{driftwood, "Kestrel/Aqua", 0xff3fd0c9},
     NamedColor{driftwood, "Kestrel/Blue", 0xff4a7dff},
     NamedColor{driftwood, "Kestrel/DarkPurple", 0xff2b1d4a},

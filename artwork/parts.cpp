@@ -14,6 +14,13 @@ QColor black(double opacity) {
     return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
 }
 
+/// Of whole pixels in height, standing on the bar's lower edge.
+QPainterPath barShape(const Canvas& canvas, const QRectF& bar) {
+    const double height = canvas.lineWidth(bar.height());
+    const double top = canvas.snapped(bar.bottom()) - height;
+    return material::roundedRect({bar.left(), top, bar.width(), height}, height / 2);
+}
+
 } // namespace
 
 Tone grey() {
@@ -22,6 +29,10 @@ Tone grey() {
 
 Tone quiet() {
     return {mixed(color("Grey 20%"), color("Grey 30%"), 0.25), color("Background/Normal")};
+}
+
+Tone dark() {
+    return {color("Background/Darkest"), color("Background/Darker")};
 }
 
 Tone accent() {
@@ -44,8 +55,8 @@ void raised(Canvas& canvas, const QPainterPath& shape, const Tone& tone, double 
     material::rimLight(canvas, shape, canvas.lineWidth(0.7), 0.2);
 }
 
-void sunk(Canvas& canvas, const QPainterPath& shape, double depth) {
-    material::body(canvas, shape, color("Background/Darkest"), color("Background/Darker"));
+void sunk(Canvas& canvas, const QPainterPath& shape, double depth, const Tone& tone) {
+    material::body(canvas, shape, tone.above, tone.below);
     material::hollowShadow(canvas, shape, depth, 0.6);
     material::seam(canvas, shape, canvas.pixel(), black(0.5));
     material::hollowLight(canvas, shape, canvas.lineWidth(0.7), 0.13);
@@ -64,9 +75,9 @@ void rim(Canvas& canvas, const QPainterPath& shape, double width, const QColor& 
 }
 
 void lamp(Canvas& canvas, const QRectF& bar, const QPainterPath& within, double glow) {
-    const auto shape = material::roundedRect(bar, bar.height() / 2);
+    const auto shape = barShape(canvas, bar);
     const auto room = canvas.mask(within);
-    for (const double reach : {4.0, 1.6}) {
+    for (const double reach : {2.4, 1.2}) {
         auto halo = light();
         halo.setAlphaF(static_cast<float>(glow));
         canvas.paint(canvas.softened(canvas.mask(shape), reach) * room, halo);
@@ -75,7 +86,7 @@ void lamp(Canvas& canvas, const QRectF& bar, const QPainterPath& within, double 
 }
 
 void unlitLamp(Canvas& canvas, const QRectF& bar) {
-    const auto shape = material::roundedRect(bar, bar.height() / 2);
+    const auto shape = barShape(canvas, bar);
     canvas.fill(shape, black(0.45));
     material::rimShade(canvas, shape, canvas.pixel(), 0.25);
 }

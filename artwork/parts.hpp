@@ -15,6 +15,7 @@ struct Tone {
 
 [[nodiscard]] Tone grey();    ///< most controls
 [[nodiscard]] Tone quiet();   ///< controls that stay in the background
+[[nodiscard]] Tone dark();    ///< pressed
 [[nodiscard]] Tone accent();  ///< switched on
 [[nodiscard]] Tone ivory();   ///< what the hand takes hold of
 [[nodiscard]] QColor light(); ///< the light of a lamp
@@ -22,7 +23,7 @@ struct Tone {
 /// A body standing `height` points above the ground.
 void raised(Canvas& canvas, const QPainterPath& shape, const Tone& tone, double height = 1.2);
 /// A body pressed into the ground, so dark that grey text stays legible on it.
-void sunk(Canvas& canvas, const QPainterPath& shape, double depth = 2.5);
+void sunk(Canvas& canvas, const QPainterPath& shape, double depth = 2.5, const Tone& tone = dark());
 /// A hollow to write into, with a bright lower edge.
 void well(Canvas& canvas, const QPainterPath& shape);
 /// A rim of whole pixels just inside the edge.

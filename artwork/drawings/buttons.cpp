@@ -25,8 +25,9 @@ void drawPressed(Canvas& canvas) {
 /// Latched: sunk like a pressed one, and lit by a lamp along its lower edge. A rim all around
 /// would say that it has the focus.
 void drawOn(Canvas& canvas, const QPainterPath& shape, const QRectF& lamp) {
-    parts::sunk(canvas, shape, 1.8);
-    parts::lamp(canvas, lamp, shape, 0.55);
+    const auto dark = color("Background/Darkest"); // leaves the lamp's glow room under grey text
+    parts::sunk(canvas, shape, 1.8, {dark, dark});
+    parts::lamp(canvas, lamp, shape, 0.42);
 }
 
 // The back button points to where it leads.
@@ -80,7 +81,7 @@ void addButtons(std::vector<Drawing>& drawings) {
     drawings.push_back(parts::sliced("dwk-button", size, caps, drawRest));
     drawings.push_back(parts::sliced("dwk-button-down", size, caps, drawPressed));
     drawings.push_back(parts::sliced("dwk-button-selected", size, caps, [](Canvas& canvas) {
-        drawOn(canvas, body(), {5, 18.5, size.width - 10, 1.5});
+        drawOn(canvas, body(), {5, 19, size.width - 10, 1.5});
     }));
 
     constexpr core::EdgeInsets backCaps{12, 20, 10, 12};
