@@ -302,6 +302,50 @@ TEST_P(Bezels, PatternsContinueAcrossTheirEdges) {
 
 INSTANTIATE_TEST_SUITE_P(Scales, Bezels, testing::Values(1, 2, 3));
 
+TEST(Knobs, TurnThroughTheirSweepUnderALightThatStays) {
+    struct Strip {
+        const char* prefix;
+        QPointF axis;
+        double face; ///< the radius within the cap's rim, where the indicator is the brightest
+    };
+    constexpr QPointF mediumAxis(34, 37);
+    const auto all = drawingsOf("Fernhorn_Fernhorn", fonts);
+    for (const auto& [prefix, axis, face] :
+         {Strip{"chaos-dial-grey_", {28, 29}, 16.5}, Strip{"dial-medium-blue-", mediumAxis, 16.5},
+          Strip{"dial-medium-yellow-", mediumAxis, 16.5},
+          Strip{"dial-medium-red-", mediumAxis, 16.5},
+          Strip{"dial-medium-purple-", mediumAxis, 16.5},
+          Strip{"dial-small-grey-", {17, 17.5}, 9.5}}) {
+        for (int frame = 1; frame <= 51; ++frame) {
+            const auto name =
+                QStringLiteral("knobs/%1%2").arg(prefix).arg(frame, 2, 10, QChar('0'));
+            SCOPED_TRACE(name.toStdString());
+            const auto found = std::ranges::find(all, name, &Drawing::name);
+            ASSERT_NE(found, all.end());
+            const auto image = onGround(bake(*found, 1), "background");
+            QPointF pull;
+            double upperLeft = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const auto from = QPointF(x + 0.5, y + 0.5) - axis;
+                    const double here = luminance(image.pixelColor(x, y));
+                    if (std::hypot(from.x(), from.y()) > face) {
+                        continue;
+                    }
+                    if (here > 0.15) {
+                        pull += from * here;
+                    } else {
+                        upperLeft -= here * (from.x() + from.y());
+                    }
+                }
+            }
+            const double angle = std::atan2(pull.x(), -pull.y()) * 180 / 3.14159265;
+            EXPECT_NEAR(angle, -135 + 5.4 * (frame - 1), 2.5);
+            EXPECT_GT(upperLeft, 0) << "the light has moved";
+        }
+    }
+}
+
 TEST(Palette, SetsApartTextSelectionAndFocus) {
     for (const auto* ground : grounds) {
         EXPECT_GE(contrast(color("Highlight/System"), color(ground)), 3.0) << ground;

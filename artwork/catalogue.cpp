@@ -15,6 +15,7 @@ std::vector<Drawing> allDrawings(const QString& fonts) {
     addTabs(drawings);
     addTables(drawings);
     addCursors(drawings);
+    addKnobs(drawings);
     return drawings;
 }
 

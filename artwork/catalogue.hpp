@@ -16,6 +16,7 @@ void addButtons(std::vector<Drawing>& drawings);
 void addCheckBoxes(std::vector<Drawing>& drawings);
 void addCursors(std::vector<Drawing>& drawings);
 void addFields(std::vector<Drawing>& drawings);
+void addKnobs(std::vector<Drawing>& drawings);
 void addLogo(std::vector<Drawing>& drawings, const QString& fonts);
 void addMenus(std::vector<Drawing>& drawings);
 void addSliders(std::vector<Drawing>& drawings);
