@@ -59,7 +59,7 @@ QPainterPath arrowBody() {
 // Tools: quiet squares beside the canvas; the corner mark says that more lies behind one.
 
 constexpr core::Size toolSize{32, 32};
-constexpr core::EdgeInsets toolCaps{12, 14, 12, 14};
+constexpr core::EdgeInsets toolCaps{12, 15, 12, 15};
 
 QPainterPath toolBody() {
     return material::roundedRect({1, 1, toolSize.width - 2, toolSize.height - 3}, 4);
@@ -99,7 +99,7 @@ void addButtons(std::vector<Drawing>& drawings) {
                                      [](Canvas& canvas) { parts::sunk(canvas, toolBody(), 3); }));
     drawings.push_back(
         parts::sliced("corner-tool-background-selected", toolSize, toolCaps, [](Canvas& canvas) {
-            drawOn(canvas, toolBody(), {8, 25, toolSize.width - 16, 2});
+            drawOn(canvas, toolBody(), {10, 25, toolSize.width - 20, 2});
         }));
     drawings.push_back(parts::sliced("corner-tool-more", toolSize, toolCaps, drawToolMore));
 }

@@ -78,8 +78,8 @@ void drawStar(Canvas& canvas) {
 
 void drawEmptyStar(Canvas& canvas) {
     const auto shape = star({8, 8.4}, 6);
-    canvas.fill(shape, QColor(0, 0, 0, 70));
-    canvas.stroke(shape, color("Grey 50%"), 1.1);
+    canvas.fill(shape, QColor(0, 0, 0, 110));
+    canvas.stroke(shape, color("Grey 70%"), 1.1);
 }
 
 } // namespace

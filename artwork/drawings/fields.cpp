@@ -49,7 +49,7 @@ void drawError(Canvas& canvas) {
     auto& painter = canvas.painter();
     painter.save();
     painter.setClipPath(body());
-    painter.fillRect(QRectF(2, 2, 3, size.height - 4), color("Error"));
+    painter.fillRect(QRectF(2, 2, 4, size.height - 4), color("Error"));
     painter.restore();
 }
 

@@ -38,7 +38,7 @@ void drawDots(Canvas& canvas, const QColor& ink) {
 }
 
 void drawDisclosure(Canvas& canvas, parts::Direction direction) {
-    parts::glyph(canvas, parts::chevron({8, 8}, 7, direction), color("Grey 70%"), 1.6);
+    parts::glyph(canvas, parts::chevron({8, 8}, 7, direction), color("Grey 85%"), 1.6);
 }
 
 /// The pattern that shows through what is transparent; one cell of two by two squares.
