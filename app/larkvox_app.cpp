@@ -29,8 +29,7 @@ LarkvoxApp::LarkvoxApp()
 
 LarkvoxApp::~LarkvoxApp() = default;
 
-std::unique_ptr<platform::WindowScene>
-LarkvoxApp::makeWindow(const platform::Bundle& bundle) {
+std::unique_ptr<platform::WindowScene> LarkvoxApp::makeWindow(const platform::Bundle& bundle) {
     // The title is the product's name, which is not translated.
     auto window = std::make_unique<platform::WindowScene>(
         QStringLiteral("Larkvox"), QStringLiteral("main"), QSize(400, 572), bundle.assets());

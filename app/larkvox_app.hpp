@@ -25,8 +25,7 @@ class LarkvoxApp final : public QObject {
     ~LarkvoxApp() override;
 
     /// Makes the window, which is not shown yet.
-    [[nodiscard]] std::unique_ptr<platform::WindowScene>
-    makeWindow(const platform::Bundle& bundle);
+    [[nodiscard]] std::unique_ptr<platform::WindowScene> makeWindow(const platform::Bundle& bundle);
 
     [[nodiscard]] AppDelegate& appDelegate() { return *appDelegate_; }
     [[nodiscard]] SparkleHelper& sparkleHelper() { return *sparkleHelper_; }

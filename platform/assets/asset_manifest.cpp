@@ -93,8 +93,8 @@ std::optional<FaceEntry> parseFace(const Json& json) {
     const Json family = json.value("family", Json());
     const Json style = json.value("style", Json(""));
     const Json weight = json.value("weight", Json(400));
-    if (!family.is_string() || family.get_ref<const std::string&>().empty() ||
-        !style.is_string() || !weight.is_number_integer() || weight < 1 || weight > 1000) {
+    if (!family.is_string() || family.get_ref<const std::string&>().empty() || !style.is_string() ||
+        !weight.is_number_integer() || weight < 1 || weight > 1000) {
         return {};
     }
     return FaceEntry{family.get<std::string>(), style.get<std::string>(), weight.get<int>()};

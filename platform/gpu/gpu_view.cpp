@@ -66,7 +66,8 @@ class GpuViewPrivate : public QWidgetPrivate {
 };
 
 GpuView::GpuView(QWidget* parent, std::shared_ptr<GpuDevice> device)
-    : QWidget(*new GpuViewPrivate(configFor(device.get())), parent, {}), device_(std::move(device)),
+    : QWidget(*new GpuViewPrivate(configFor(device.get())), parent, {}),
+      device_(std::move(device)),
       pacer_([this] { setNeedsDisplay(); }) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     if (configFor(device_.get()).isEnabled()) {
@@ -128,7 +129,9 @@ void GpuView::setNeedsDisplay() {
 }
 
 QSize GpuView::drawableSize() const {
-    return (QSizeF(size()) * devicePixelRatio()).toSize().expandedTo(QSize(1, 1));
+    // Without a window there is no screen whose pixels would count.
+    const qreal scale = isHeadless() ? 1 : devicePixelRatio();
+    return (QSizeF(size()) * scale).toSize().expandedTo(QSize(1, 1));
 }
 
 void GpuView::setFrameResultFilter(std::function<FrameResult(FrameResult)> filter) {
@@ -218,8 +221,7 @@ FrameResult GpuView::recordFrame(QRhi* rhi) {
         }
         if (!isRefused) {
             delegate_->draw(*this);
-            objects_->endFrame(
-                {colorSpace_, palette().color(QPalette::Window), rhi->isYUpInNDC()});
+            objects_->endFrame({colorSpace_, palette().color(QPalette::Window), rhi->isYUpInNDC()});
         }
     }
     if (begun == QRhi::FrameOpSuccess) {
@@ -237,7 +239,8 @@ FrameResult GpuView::recordFrame(QRhi* rhi) {
 void GpuView::frameFailed(FrameResult result) {
     ++failedFrames_;
     // Later: the window may be in the middle of painting with the textures of now.
-    QMetaObject::invokeMethod(this, [this, result] { recover(result); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, result] { recover(result); }, Qt::QueuedConnection);
 }
 
 void GpuView::recover(FrameResult result) {

@@ -49,12 +49,11 @@ bool GpuView::Objects::create() {
     if (!vertex.isValid() || !fragment.isValid()) {
         return false;
     }
-    drawable_.reset(rhi_->newTexture(QRhiTexture::RGBA16F, size_, 1,
-                                     QRhiTexture::RenderTarget |
-                                         QRhiTexture::UsedAsTransferSource));
+    drawable_.reset(
+        rhi_->newTexture(QRhiTexture::RGBA16F, size_, 1,
+                         QRhiTexture::RenderTarget | QRhiTexture::UsedAsTransferSource));
     encoded_.reset(rhi_->newTexture(QRhiTexture::RGBA8, size_, 1,
-                                    QRhiTexture::RenderTarget |
-                                        QRhiTexture::UsedAsTransferSource));
+                                    QRhiTexture::RenderTarget | QRhiTexture::UsedAsTransferSource));
     if (!drawable_->create() || !encoded_->create()) {
         return false;
     }
@@ -68,8 +67,8 @@ bool GpuView::Objects::create() {
         !makeTarget(encodedTarget_, encodedPass_, encoded_.get())) {
         return false;
     }
-    uniforms_.reset(rhi_->newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer,
-                                    sizeof(EncodeUniforms)));
+    uniforms_.reset(
+        rhi_->newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, sizeof(EncodeUniforms)));
     sampler_.reset(rhi_->newSampler(QRhiSampler::Nearest, QRhiSampler::Nearest, QRhiSampler::None,
                                     QRhiSampler::ClampToEdge, QRhiSampler::ClampToEdge));
     bindings_.reset(rhi_->newShaderResourceBindings());
