@@ -1,0 +1,25 @@
+# Fails when a catalogue does not stand for exactly the texts of the sources.
+# Lists come with their semicolons: ROOT, SCAN, CATALOGUES, LUPDATE, SCRATCH.
+foreach(catalogue IN LISTS CATALOGUES)
+  cmake_path(GET catalogue FILENAME name)
+  set(copy "${SCRATCH}/${name}")
+  file(COPY_FILE "${catalogue}" "${copy}")
+  execute_process(COMMAND "${LUPDATE}" -silent -locations none -I . ${SCAN} -ts "${copy}"
+                  WORKING_DIRECTORY "${ROOT}" COMMAND_ERROR_IS_FATAL ANY)
+  file(READ "${copy}" text)
+  string(REGEX MATCHALL "<message[^/]" messages "${text}")
+  if(NOT messages)
+    message(FATAL_ERROR "${name}: no texts found")
+  endif()
+  # One message at a time: from one source text to the next.
+  string(REPLACE ";" "," text "${text}")
+  string(REPLACE "<source>" ";" parts "${text}")
+  list(POP_FRONT parts)
+  foreach(part IN LISTS parts)
+    if(part MATCHES "<translation type=\"([a-z]+)\"" OR part MATCHES "<translation></translation>")
+      set(state "${CMAKE_MATCH_1}")
+      string(REGEX REPLACE "</source>.*" "" source "${part}")
+      message(SEND_ERROR "${name}: \"${source}\": no translation, or one without use (${state})")
+    endif()
+  endforeach()
+endforeach()
