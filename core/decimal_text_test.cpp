@@ -89,12 +89,14 @@ TEST(DecimalText, ReadsOnlyWhatIsWhollyANumber) {
 
 TEST(DecimalText, WritesWhatTheCLibraryWritesInTheCLocale) {
     std::mt19937 random(7); // NOLINT: the same numbers every time
-    std::setlocale(LC_NUMERIC, "C");
-    const auto expected = [](double value, int places) {
+    const std::string own = std::setlocale(LC_NUMERIC, nullptr);
+    const auto expected = [&](double value, int places) {
+        std::setlocale(LC_NUMERIC, "C");
         const int length = std::snprintf(nullptr, 0, "%0.*lf", places, value);
         std::string text(static_cast<std::size_t>(length) + 1, '\0');
         std::snprintf(text.data(), text.size(), "%0.*lf", places, value);
         text.pop_back();
+        std::setlocale(LC_NUMERIC, own.c_str());
         return text;
     };
     for (const double value :
