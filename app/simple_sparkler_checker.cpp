@@ -40,6 +40,9 @@ constexpr std::array<std::string_view, 25> whiteSpace{" ",
                                                       "\xE2\x81\x9F",
                                                       "\xE3\x80\x80"};
 
+/// Bytes of versions in one document; real feeds have a few kilobytes.
+constexpr std::size_t mostCollected = 16 << 20;
+
 std::string_view trimmed(std::string_view text) {
     const auto drop = [&text](auto matches, auto remove) {
         const auto found = std::ranges::find_if(whiteSpace, matches);
@@ -83,6 +86,7 @@ void SimpleSparklerChecker::parse(std::string_view data) {
     struct Reading {
         SimpleSparklerChecker& checker;
         XML_Parser parser;
+        std::size_t collected = 0; // bytes
     } reading{*this, parser.get()};
     XML_SetUserData(parser.get(), &reading);
     XML_SetElementHandler(
@@ -91,7 +95,16 @@ void SimpleSparklerChecker::parse(std::string_view data) {
             // Without namespace processing the name is the qualified one.
             static_cast<Reading*>(user)->checker.didStartElement(name, name);
         },
-        [](void* user, const XML_Char*) { static_cast<Reading*>(user)->checker.didEndElement(); });
+        [](void* user, const XML_Char*) {
+            auto& [checker, xml, collected] = *static_cast<Reading*>(user);
+            const std::size_t count = checker.versions.size();
+            checker.didEndElement();
+            // A long version before many end tags would be collected without bound.
+            if (checker.versions.size() > count &&
+                (collected += checker.versions.back().size()) > mostCollected) {
+                XML_StopParser(xml, XML_FALSE);
+            }
+        });
     XML_SetCharacterDataHandler(parser.get(), [](void* user, const XML_Char* text, int length) {
         static_cast<Reading*>(user)->checker.foundCharacters(
             {text, static_cast<std::size_t>(length)});

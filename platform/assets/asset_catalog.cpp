@@ -53,8 +53,8 @@ const QImage& ImageAsset::image(qreal devicePixelRatio) const {
     }
     QImage image(bundle_.filePath(QString::fromStdString(variant->second)));
     image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(
-        1); // the reader takes one from the file's name; pixels are meant here
+    // The reader takes a ratio from the file's name; pixels are meant here.
+    image.setDevicePixelRatio(1);
     const QSize wanted = (size_ * devicePixelRatio).toSize().expandedTo(QSize(1, 1));
     if (!image.isNull() && image.size() != wanted) {
         image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

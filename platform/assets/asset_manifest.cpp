@@ -35,8 +35,10 @@ std::optional<std::array<double, Count>> numbers(const Json& owner, const char* 
 }
 
 bool staysInside(const std::string& file) {
+    // A colon would lead to a drive, or to the resources inside of the program.
+    constexpr std::string_view forbidden("\\:\0", 3);
     return !file.empty() && file.front() != '/' && file.find("..") == std::string::npos &&
-           file.find('\\') == std::string::npos && file.find('\0') == std::string::npos;
+           file.find_first_of(forbidden) == std::string::npos;
 }
 
 std::optional<ImageEntry> parseImage(const Json& json) {
