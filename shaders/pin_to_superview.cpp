@@ -33,8 +33,8 @@ class Pin final : public QObject {
         const bool isMirrored = superview_.isRightToLeft();
         const double left = isMirrored ? insets_.right : insets_.left;
         const double right = isMirrored ? insets_.left : insets_.right;
-        const QRectF area = QRectF(superview_.rect()).adjusted(left, insets_.top, -right,
-                                                               -insets_.bottom);
+        const QRectF area =
+            QRectF(superview_.rect()).adjusted(left, insets_.top, -right, -insets_.bottom);
         view_.setGeometry(area.toRect());
     }
 

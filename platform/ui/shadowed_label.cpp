@@ -46,8 +46,7 @@ std::vector<float> blurred(const std::vector<float>& coverage, int width, int he
 QImage shadowOf(const QImage& picture, const TextShadow& shadow, double scale) {
     const int width = picture.width();
     const int height = picture.height();
-    std::vector<float> coverage(static_cast<std::size_t>(width) *
-                                static_cast<std::size_t>(height));
+    std::vector<float> coverage(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     auto value = coverage.begin();
     for (int y = 0; y < height; ++y) {
         const auto* const row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
