@@ -190,6 +190,7 @@ TEST_F(ShaderViewControllerTest, StartsAnewWheneverItAppears) {
         [&] { window->close(); }, [&] { container->hide(); }, [&] { container->setParent(&other); },
         [&] { container->setParent(window.get()); }};
     prepare(other);
+    other.move(450, 0);
     double start = 0;
     show();
     for (const auto& leave : departures) {
