@@ -20,7 +20,8 @@ class Pin final : public QObject {
         if (object == &superview_ &&
             (event->type() == QEvent::Resize || event->type() == QEvent::LayoutDirectionChange)) {
             place();
-        } else if (object == &view_ && event->type() == QEvent::ParentChange) {
+        } else if (object == &view_ && event->type() == QEvent::ParentChange &&
+                   view_.parentWidget() != &superview_) {
             superview_.removeEventFilter(this);
             deleteLater();
         }

@@ -95,7 +95,9 @@ QuadPipeline::QuadPipeline(GpuView& view, QuadPipelineDescriptor descriptor)
 }
 
 QuadPipeline::~QuadPipeline() {
-    view_->removeResources(*this);
+    if (view_ != nullptr) {
+        view_->removeResources(*this);
+    }
 }
 
 bool QuadPipeline::prepare(const GpuContext& context) {

@@ -1,7 +1,10 @@
 #include "platform/ui/main_queue_driver.hpp"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
+
+#include <utility>
 
 namespace platform {
 namespace {
@@ -16,6 +19,7 @@ bool isInput(QEvent::Type type) {
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
+    case QEvent::ShortcutOverride: // comes before a shortcut, which a key press does not
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
     case QEvent::TouchBegin:
@@ -24,6 +28,8 @@ bool isInput(QEvent::Type type) {
     case QEvent::TabletPress:
     case QEvent::TabletMove:
     case QEvent::TabletRelease:
+    case QEvent::InputMethod:
+    case QEvent::NativeGesture:
         return true;
     default:
         return false;
@@ -39,6 +45,15 @@ MainQueueDriver::MainQueueDriver(core::MainQueue& queue)
         drain();
     });
     QCoreApplication::instance()->installEventFilter(this);
+    // A task that runs an event loop of its own, such as a dialog's, must not hold up the others:
+    // while it runs nobody wakes us.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] {
+                if (isDraining_) {
+                    isDraining_ = false;
+                    drain();
+                }
+            });
     queue_.setWaker(&wake_);
 }
 
@@ -54,9 +69,11 @@ bool MainQueueDriver::eventFilter(QObject* object, QEvent* event) {
 }
 
 void MainQueueDriver::drain() {
+    const bool wasDraining = std::exchange(isDraining_, true);
     if (queue_.drain(budget)) {
         wake_.wake(); // the rest after the events that wait
     }
+    isDraining_ = wasDraining;
 }
 
 } // namespace platform

@@ -30,6 +30,7 @@ class MainQueueDriver final : public QObject {
     core::MainQueue& queue_;
     WakeDescriptor wake_;
     QSocketNotifier notifier_;
+    bool isDraining_ = false;
 };
 
 } // namespace platform

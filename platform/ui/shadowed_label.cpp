@@ -107,14 +107,17 @@ QImage ShadowedLabel::render() const {
 }
 
 void ShadowedLabel::paintEvent(QPaintEvent* /*event*/) {
-    if (picture_.size() != (QSizeF(size()) * devicePixelRatio()).toSize()) {
+    if (picture_.size() != (QSizeF(size()) * devicePixelRatio()).toSize() ||
+        pictureText_ != text()) {
         picture_ = render();
+        pictureText_ = text();
     }
     QPainter(this).drawImage(0, 0, picture_);
 }
 
 void ShadowedLabel::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange ||
+        event->type() == QEvent::EnabledChange) {
         picture_ = {};
     }
     QLabel::changeEvent(event);

@@ -50,8 +50,8 @@ void ViewController::appear() {
     // After the event, when the view really is part of a shown window.
     QMetaObject::invokeMethod(
         this,
-        [this] {
-            if (hasAppeared_) {
+        [this, appearance = ++appearances_] {
+            if (hasAppeared_ && appearance == appearances_) {
                 viewDidAppear();
             }
         },

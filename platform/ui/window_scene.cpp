@@ -53,7 +53,13 @@ void WindowScene::setContent(QWidget* content) {
     content_->setGeometry(rect());
     content_->lower();
     // The content comes first with Tab, the window's own buttons last.
-    setTabOrder(content_, menuButton_);
+    QWidget* last = nullptr;
+    for (QWidget* const child : content_->findChildren<QWidget*>()) {
+        last = (child->focusPolicy() & Qt::TabFocus) != 0 ? child : last;
+    }
+    if (last != nullptr) {
+        setTabOrder(last, menuButton_);
+    }
     setTabOrder(menuButton_, minimiseButton_);
     setTabOrder(minimiseButton_, closeButton_);
 }

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/geometry.hpp"
+#include "driftwood/style/base_style.hpp"
+
+namespace driftwood {
+
+/// The style of windows.
+class WindowStyle : public BaseStyle {
+  public:
+    WindowStyle();
+
+    /// Room at the left and right, and at the top and bottom, in points.
+    [[nodiscard]] const core::Size& padding() const { return padding_; }
+    void setPadding(const core::Size& padding) { setLayout(padding_, padding); }
+
+    [[nodiscard]] const Font& font() const { return font_; }
+    void setFont(Font font) { setLayout(font_, std::move(font)); }
+
+    [[nodiscard]] const Color& textColor() const { return textColor_; }
+    void setTextColor(Color color) { setLook(textColor_, std::move(color)); }
+
+  private:
+    core::Size padding_;
+    Font font_;
+    Color textColor_;
+};
+
+/// The style of popovers; a kind of its own, so that it can be restyled.
+class PopoverStyle : public WindowStyle {};
+
+} // namespace driftwood
