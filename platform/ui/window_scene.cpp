@@ -1,5 +1,6 @@
 #include "platform/ui/window_scene.hpp"
 
+#include "platform/ui/accessible_role.hpp"
 #include "platform/ui/glyph_button.hpp"
 
 #include <QApplication>
@@ -23,6 +24,7 @@ WindowScene::WindowScene(const QString& title, const QString& identifier, QSize 
       minimiseButton_(
           new GlyphButton(QStringLiteral("window-minimise"), tr("Minimize"), assets, this)),
       closeButton_(new GlyphButton(QStringLiteral("window-close"), tr("Close"), assets, this)) {
+    setAccessibleRole(*this, QAccessible::Window);
     setWindowTitle(title);
     setObjectName(identifier);
     setFixedSize(contentSize);
