@@ -41,7 +41,8 @@ QLayout* makeLines(const QStringList& lines, const QFont& font, const QColor& co
 
 ContentView::ContentView(int buttonWidth, const platform::Bundle& bundle,
                          platform::Workspace& workspace)
-    : bundle_(bundle), workspace_(workspace),
+    : bundle_(bundle),
+      workspace_(workspace),
       textColor_(bundle.assets().color(QStringLiteral("buttonText"))) {
     QPalette palette = this->palette();
     palette.setColor(QPalette::Window, bundle.assets().color(QStringLiteral("background")));
@@ -80,9 +81,9 @@ QWidget* ContentView::makeMessages() {
                                 textColor_));
     const QFont small = platform::systemFont(12, QFont::Medium, FontDesign::rounded);
     //: %1 is the name of the product; the sentence goes on with "a plugin on an instrument track."
-    column->addLayout(makeLines(
-        {tr("To use %1, insert it as").arg(name), tr("a plugin on an instrument track.")}, small,
-        textColor_));
+    column->addLayout(
+        makeLines({tr("To use %1, insert it as").arg(name), tr("a plugin on an instrument track.")},
+                  small, textColor_));
     column->addLayout(makeLines({versionLine(bundle_)}, small, textColor_));
     return messages;
 }
@@ -106,9 +107,8 @@ void ContentView::addButtons(QBoxLayout& column, int width) {
     };
     row->addStretch();
     connect(add(tr("Help")), &QAbstractButton::clicked, this, &ContentView::openHelp);
-    connect(add(tr("Fennick Website")), &QAbstractButton::clicked, this, [this] {
-        workspace_.open(QUrl(QString::fromLatin1(addresses::website)));
-    });
+    connect(add(tr("Fennick Website")), &QAbstractButton::clicked, this,
+            [this] { workspace_.open(QUrl(QString::fromLatin1(addresses::website))); });
     row->addStretch();
     column.addLayout(row);
 }

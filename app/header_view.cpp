@@ -23,7 +23,8 @@ QColor shadowColor(float opacity) {
 } // namespace
 
 HeaderView::HeaderView(const QString& productName, QWidget* parent)
-    : QWidget(parent), visual_(new kestrel::ContentViewShader(this)),
+    : QWidget(parent),
+      visual_(new kestrel::ContentViewShader(this)),
       name_(new platform::ShadowedLabel(productName,
                                         {{shadowColor(0.4F), 0, {0, 1}},
                                          {shadowColor(0.4F), 1, {0, 2}},

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QMenu>
 #include <QTranslator>
 
@@ -29,8 +30,7 @@ LarkvoxApp::LarkvoxApp()
 
 LarkvoxApp::~LarkvoxApp() = default;
 
-std::unique_ptr<platform::WindowScene>
-LarkvoxApp::makeWindow(const platform::Bundle& bundle) {
+std::unique_ptr<platform::WindowScene> LarkvoxApp::makeWindow(const platform::Bundle& bundle) {
     // The title is the product's name, which is not translated.
     auto window = std::make_unique<platform::WindowScene>(
         QStringLiteral("Larkvox"), QStringLiteral("main"), QSize(400, 572), bundle.assets());
@@ -53,15 +53,38 @@ LarkvoxApp::makeWindow(const platform::Bundle& bundle) {
     return window;
 }
 
-void prepareApplication(QApplication& application, const platform::Bundle& bundle) {
-    const auto install = [&](const QString& name, const QString& folder) {
-        auto* const translator = new QTranslator(&application);
-        if (translator->load(QLocale(), name, QStringLiteral("_"), folder)) {
-            QCoreApplication::installTranslator(translator);
+namespace {
+
+/// Speaks the first of the languages for which there is a catalogue, and lets the toolkit speak the
+/// same. The texts themselves are English: nothing is looked for behind it.
+void installCatalogues(QApplication& application, const QString& folder,
+                       const QStringList& languages) {
+    const auto install = [&](const QString& file, const QString& from) {
+        auto translator = std::make_unique<QTranslator>();
+        if (!translator->load(file, from)) {
+            return false;
         }
+        translator->setParent(&application);
+        return QCoreApplication::installTranslator(translator.release());
     };
-    install(QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    install(QStringLiteral("larkvox"), bundle.path(QStringLiteral("Translations")));
+    for (const QString& language : languages) {
+        const QLocale locale(language);
+        if (locale.language() == QLocale::English || locale.language() == QLocale::C) {
+            return;
+        }
+        if (install(QStringLiteral("larkvox_") + locale.name(), folder)) {
+            install(QStringLiteral("qtbase_") + locale.name(),
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+            return;
+        }
+    }
+}
+
+} // namespace
+
+void prepareApplication(QApplication& application, const platform::Bundle& bundle,
+                        const QStringList& languages) {
+    installCatalogues(application, bundle.path(QStringLiteral("Translations")), languages);
 
     // A typeface that cannot be registered is replaced by the desktop's own.
     fernhorn::resourceBundle().assets().registerFonts();

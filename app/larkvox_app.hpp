@@ -3,7 +3,9 @@
 #include "app/app_delegate.hpp"
 #include "app/sparkle_helper.hpp"
 
+#include <QLocale>
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 
@@ -25,8 +27,7 @@ class LarkvoxApp final : public QObject {
     ~LarkvoxApp() override;
 
     /// Makes the window, which is not shown yet.
-    [[nodiscard]] std::unique_ptr<platform::WindowScene>
-    makeWindow(const platform::Bundle& bundle);
+    [[nodiscard]] std::unique_ptr<platform::WindowScene> makeWindow(const platform::Bundle& bundle);
 
     [[nodiscard]] AppDelegate& appDelegate() { return *appDelegate_; }
     [[nodiscard]] SparkleHelper& sparkleHelper() { return *sparkleHelper_; }
@@ -37,7 +38,8 @@ class LarkvoxApp final : public QObject {
 };
 
 /// What the program needs before its first window: the user's language, the typefaces of its
-/// bundles, its name and icon.
-void prepareApplication(QApplication& application, const platform::Bundle& bundle);
+/// bundles, its name and icon. `languages` are the user's, the preferred one first ("de-CH", "fr").
+void prepareApplication(QApplication& application, const platform::Bundle& bundle,
+                        const QStringList& languages = QLocale().uiLanguages());
 
 } // namespace larkvox

@@ -14,12 +14,34 @@ namespace larkvox {
 namespace {
 
 // Unicode's white space (property White_Space) in UTF-8.
-constexpr std::array<std::string_view, 25> whiteSpace{
-    " ",            "\t",           "\n",           "\v",           "\f",
-    "\r",           "\xC2\x85",     "\xC2\xA0",     "\xE1\x9A\x80", "\xE2\x80\x80",
-    "\xE2\x80\x81", "\xE2\x80\x82", "\xE2\x80\x83", "\xE2\x80\x84", "\xE2\x80\x85",
-    "\xE2\x80\x86", "\xE2\x80\x87", "\xE2\x80\x88", "\xE2\x80\x89", "\xE2\x80\x8A",
-    "\xE2\x80\xA8", "\xE2\x80\xA9", "\xE2\x80\xAF", "\xE2\x81\x9F", "\xE3\x80\x80"};
+constexpr std::array<std::string_view, 25> whiteSpace{" ",
+                                                      "\t",
+                                                      "\n",
+                                                      "\v",
+                                                      "\f",
+                                                      "\r",
+                                                      "\xC2\x85",
+                                                      "\xC2\xA0",
+                                                      "\xE1\x9A\x80",
+                                                      "\xE2\x80\x80",
+                                                      "\xE2\x80\x81",
+                                                      "\xE2\x80\x82",
+                                                      "\xE2\x80\x83",
+                                                      "\xE2\x80\x84",
+                                                      "\xE2\x80\x85",
+                                                      "\xE2\x80\x86",
+                                                      "\xE2\x80\x87",
+                                                      "\xE2\x80\x88",
+                                                      "\xE2\x80\x89",
+                                                      "\xE2\x80\x8A",
+                                                      "\xE2\x80\xA8",
+                                                      "\xE2\x80\xA9",
+                                                      "\xE2\x80\xAF",
+                                                      "\xE2\x81\x9F",
+                                                      "\xE3\x80\x80"};
+
+/// Bytes of versions in one document; real feeds have a few kilobytes.
+constexpr std::size_t mostCollected = 16 << 20;
 
 std::string_view trimmed(std::string_view text) {
     const auto drop = [&text](auto matches, auto remove) {
@@ -64,6 +86,7 @@ void SimpleSparklerChecker::parse(std::string_view data) {
     struct Reading {
         SimpleSparklerChecker& checker;
         XML_Parser parser;
+        std::size_t collected = 0; // bytes
     } reading{*this, parser.get()};
     XML_SetUserData(parser.get(), &reading);
     XML_SetElementHandler(
@@ -72,7 +95,16 @@ void SimpleSparklerChecker::parse(std::string_view data) {
             // Without namespace processing the name is the qualified one.
             static_cast<Reading*>(user)->checker.didStartElement(name, name);
         },
-        [](void* user, const XML_Char*) { static_cast<Reading*>(user)->checker.didEndElement(); });
+        [](void* user, const XML_Char*) {
+            auto& [checker, xml, collected] = *static_cast<Reading*>(user);
+            const std::size_t count = checker.versions.size();
+            checker.didEndElement();
+            // A long version before many end tags would be collected without bound.
+            if (checker.versions.size() > count &&
+                (collected += checker.versions.back().size()) > mostCollected) {
+                XML_StopParser(xml, XML_FALSE);
+            }
+        });
     XML_SetCharacterDataHandler(parser.get(), [](void* user, const XML_Char* text, int length) {
         static_cast<Reading*>(user)->checker.foundCharacters(
             {text, static_cast<std::size_t>(length)});

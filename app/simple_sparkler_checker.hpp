@@ -20,8 +20,8 @@ class SimpleSparklerChecker {
     /// The text since then (UTF-8).
     std::string currentValue;
 
-    /// Reads an XML document. Malformed XML, or a document that declares an entity, ends the
-    /// reading there; what was collected before stays.
+    /// Reads an XML document. Malformed XML, a document that declares an entity, or one with more
+    /// than 16 MiB of versions, ends the reading there; what was collected before stays.
     void parse(std::string_view data);
 
     // What the parser calls. An element without a qualified name goes by its plain one.

@@ -9,11 +9,13 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
 
 option(LARKVOX_WARNINGS_AS_ERRORS "Stop the build at a warning" OFF)
-set(LARKVOX_SANITIZER "" CACHE STRING "address, thread or empty")
+set(LARKVOX_SANITIZER "" CACHE STRING "address, thread, fuzzer or empty")
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  # Paths count from the root of the sources, so that all clones share what one has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}"
+      CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion
@@ -30,6 +32,9 @@ if(LARKVOX_SANITIZER STREQUAL "address")
 elseif(LARKVOX_SANITIZER STREQUAL "thread")
   add_compile_options(-fsanitize=thread -fno-omit-frame-pointer -O1)
   add_link_options(-fsanitize=thread)
+elseif(LARKVOX_SANITIZER STREQUAL "fuzzer")
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=address,undefined)
 elseif(LARKVOX_SANITIZER)
-  message(FATAL_ERROR "LARKVOX_SANITIZER is address, thread or empty, not ${LARKVOX_SANITIZER}")
+  message(FATAL_ERROR "LARKVOX_SANITIZER is address, thread, fuzzer or empty, not ${LARKVOX_SANITIZER}")
 endif()

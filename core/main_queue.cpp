@@ -169,4 +169,16 @@ bool MainQueue::drain(std::size_t budget) {
     }
 }
 
+MainQueue::Next MainQueue::pump(std::size_t budget) {
+    isAwake_.store(true, std::memory_order_relaxed);
+    std::size_t ran = 0;
+    while (ran < budget && runNext()) {
+        ++ran;
+    }
+    if (ran > 0) {
+        return ran == budget ? Next::now : Next::soon;
+    }
+    return drain(budget) ? Next::now : Next::whenWoken;
+}
+
 } // namespace core

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -73,7 +74,8 @@ class MainQueue {
     void post(Task&& task) {
         if (!tryPost(std::forward<Task>(task))) {
             // tryPost has not touched the task.
-            putInLine(new OverflowTask<std::decay_t<Task>>(std::forward<Task>(task)));
+            putInLine(
+                new OverflowTask<std::decay_t<Task>>(std::in_place, std::forward<Task>(task)));
         }
     }
 
@@ -124,6 +126,21 @@ class MainQueue {
     /// drain should be called again soon without waiting to be woken. A task may call it, too.
     bool drain(std::size_t budget = SIZE_MAX);
 
+    /// When `pump` wants to be called again.
+    enum class Next : unsigned char {
+        whenWoken,
+        soon, ///< after `pumpInterval`; whoever posts until then makes no system call
+        now,  ///< after other events had their turn
+    };
+    static constexpr std::chrono::milliseconds pumpInterval{1};
+
+    /// Main thread: what an event loop calls when it is woken, and then as it is told. Runs up to
+    /// `budget` (at least one) tasks. Having run some it stays awake a little longer: a thread that
+    /// posts a burst would otherwise have to wake the main thread again and again, which costs it
+    /// more than the posts, most of all when both share a processor. The price is that the rest of
+    /// a burst may arrive `pumpInterval` later. `drain` may be called in between.
+    Next pump(std::size_t budget = SIZE_MAX);
+
     /// Who is told that there is work. Null leaves the queue to be drained by hand. The waker has
     /// to outlive the last post. Main thread.
     void setWaker(Waker* waker);
@@ -149,7 +166,7 @@ class MainQueue {
     class OverflowTask final : public Mergeable {
       public:
         template<class From>
-        explicit OverflowTask(From&& task) : task_(std::forward<From>(task)) {}
+        explicit OverflowTask(std::in_place_t, From&& task) : task_(std::forward<From>(task)) {}
         void take() noexcept override {}
         void apply() override {
             const std::unique_ptr<OverflowTask> self(this);

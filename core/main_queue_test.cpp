@@ -81,6 +81,29 @@ TEST(MainQueue, WakesOnceUntilItIsDrainedAndKeepsToTheBudget) {
     EXPECT_EQ(waker.count, 2);
 }
 
+TEST(MainQueue, PumpedStaysAwakeUntilNothingWasToDo) {
+    using Next = MainQueue::Next;
+    MainQueue queue;
+    CountingWaker waker;
+    queue.setWaker(&waker);
+    const auto post = [&] { queue.post([] {}); };
+    post();
+    post();
+    EXPECT_EQ(queue.pump(2), Next::now);
+    post();
+    EXPECT_EQ(queue.pump(2), Next::soon);
+    post();
+    EXPECT_EQ(waker.count, 1);
+    EXPECT_EQ(queue.pump(), Next::soon);
+    EXPECT_EQ(queue.pump(), Next::whenWoken);
+    post();
+    EXPECT_EQ(waker.count, 2);
+    queue.drain();
+    EXPECT_EQ(queue.pump(), Next::whenWoken) << "drained in between";
+    post();
+    EXPECT_EQ(waker.count, 3);
+}
+
 TEST(MainQueue, ATaskMayDrainAndPost) {
     MainQueue queue(2);
     std::vector<int> order;
@@ -194,10 +217,13 @@ TEST(MainQueue, NeverLosesAWakeUp) {
         }
     });
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    auto next = MainQueue::Next::whenWoken;
     while (ran < count && std::chrono::steady_clock::now() < deadline) {
-        if (waker.isSet.exchange(false, std::memory_order_acquire)) {
-            while (queue.drain(50)) {
+        if (waker.isSet.exchange(false, std::memory_order_acquire) ||
+            next != MainQueue::Next::whenWoken) {
+            while (ran % 2 == 0 && queue.drain(50)) {
             }
+            next = queue.pump(50);
         } else {
             std::this_thread::yield();
         }

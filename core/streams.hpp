@@ -35,16 +35,16 @@ class Subject final : public Stream<T> {
             }
             return {};
         }
-        return subscribers_.add([value = std::move(onValue),
-                                 completion = std::move(onCompletion)](const T* sent) {
-            if (sent != nullptr) {
-                if (value) {
-                    value(*sent);
+        return subscribers_.add(
+            [value = std::move(onValue), completion = std::move(onCompletion)](const T* sent) {
+                if (sent != nullptr) {
+                    if (value) {
+                        value(*sent);
+                    }
+                } else if (completion) {
+                    completion();
                 }
-            } else if (completion) {
-                completion();
-            }
-        });
+            });
     }
 
     /// Does nothing after `finish`.

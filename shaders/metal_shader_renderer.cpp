@@ -19,7 +19,8 @@ MetalShaderRenderer::MetalShaderRenderer(platform::GpuView& view, const QString&
                     .uniformSize = sizeof(Uniforms),
                     .textures = {}},
                    clock),
-      name_(name), seed_(random()) {}
+      name_(name),
+      seed_(random()) {}
 
 std::span<const std::byte> MetalShaderRenderer::uniforms() {
     uniforms_ = {viewSize(), seed_, time()};

@@ -6,8 +6,10 @@ MetalShaderViewController::MetalShaderViewController(QWidget* view, const QStrin
                                                      const QString& vertxShaderName,
                                                      const QString& fragmentShaderName,
                                                      const core::Clock& clock)
-    : ShaderViewController(view, clock), rendererName_(rendererName),
-      vertxShaderName_(vertxShaderName), fragmentShaderName_(fragmentShaderName) {}
+    : ShaderViewController(view, clock),
+      rendererName_(rendererName),
+      vertxShaderName_(vertxShaderName),
+      fragmentShaderName_(fragmentShaderName) {}
 
 std::unique_ptr<QuadRenderer> MetalShaderViewController::makeRenderer(platform::GpuView& view) {
     return std::make_unique<MetalShaderRenderer>(view, rendererName_, vertxShaderName_,

@@ -20,7 +20,8 @@ class Pin final : public QObject {
         if (object == &superview_ &&
             (event->type() == QEvent::Resize || event->type() == QEvent::LayoutDirectionChange)) {
             place();
-        } else if (object == &view_ && event->type() == QEvent::ParentChange) {
+        } else if (object == &view_ && event->type() == QEvent::ParentChange &&
+                   view_.parentWidget() != &superview_) {
             superview_.removeEventFilter(this);
             deleteLater();
         }
@@ -32,9 +33,10 @@ class Pin final : public QObject {
         const bool isMirrored = superview_.isRightToLeft();
         const double left = isMirrored ? insets_.right : insets_.left;
         const double right = isMirrored ? insets_.left : insets_.right;
-        const QRectF area = QRectF(superview_.rect()).adjusted(left, insets_.top, -right,
-                                                               -insets_.bottom);
-        view_.setGeometry(area.toRect());
+        const QRectF area =
+            QRectF(superview_.rect()).adjusted(left, insets_.top, -right, -insets_.bottom);
+        const QRect place = area.toRect();
+        view_.setGeometry({place.topLeft(), place.size().expandedTo(QSize(0, 0))});
     }
 
     QWidget& view_;

@@ -19,18 +19,19 @@ double secondsBetween(core::Instant from, core::Instant to) {
 
 QuadRenderer::QuadRenderer(platform::GpuView& view, RendererDescription description,
                            const core::Clock& clock)
-    : clock_(clock), device_(view.device()),
+    : clock_(clock),
+      device_(view.device()),
       commandBufferLabel_(std::move(description.commandBufferLabel)) {
     if (device_ == nullptr) {
         throw RendererError(RendererError::Case::noValidDevice);
     }
     const platform::ShaderLibrary library(resourceBundle());
     pipelineState_ = std::make_unique<platform::QuadPipeline>(
-        view, platform::QuadPipelineDescriptor{
-                  std::move(description.pipelineLabel),
-                  library.function(description.vertexFunctionName),
-                  library.function(description.fragmentFunctionName), description.uniformSize,
-                  std::move(description.textures)});
+        view,
+        platform::QuadPipelineDescriptor{std::move(description.pipelineLabel),
+                                         library.function(description.vertexFunctionName),
+                                         library.function(description.fragmentFunctionName),
+                                         description.uniformSize, std::move(description.textures)});
     drawableSizeWillChange(view, view.drawableSize());
     startTime_ = clock_.now();
 }

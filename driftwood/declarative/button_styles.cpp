@@ -16,8 +16,7 @@ void BezelButtonStyle::paint(QPainter& painter, const QRectF& body,
             isPressed ? QStringLiteral("dwk-button-down") : QStringLiteral("dwk-button"))) {
         platform::paintImage(painter, body, *bezel);
     }
-    QColor ink =
-        assets.color(isPressed ? QStringLiteral("Grey 50%") : QStringLiteral("Grey 85%"));
+    QColor ink = assets.color(isPressed ? QStringLiteral("Grey 50%") : QStringLiteral("Grey 85%"));
     if (!configuration.isEnabled) {
         ink.setAlphaF(ink.alphaF() * disabledOpacity());
     }

@@ -34,10 +34,13 @@ QColor toColor(const ColorEntry& entry) {
 } // namespace
 
 ImageAsset::ImageAsset(const QDir& bundle, const ImageEntry& entry)
-    : bundle_(bundle), variants_(entry.variants), size_(entry.size.width, entry.size.height),
+    : bundle_(bundle),
+      variants_(entry.variants),
+      size_(entry.size.width, entry.size.height),
       capInsets_(entry.capInsets.left, entry.capInsets.top, entry.capInsets.right,
                  entry.capInsets.bottom),
-      resizing_(entry.resizing), isTemplate_(entry.isTemplate) {}
+      resizing_(entry.resizing),
+      isTemplate_(entry.isTemplate) {}
 
 const QImage& ImageAsset::image(qreal devicePixelRatio) const {
     const int key = qRound(devicePixelRatio * 1000);
@@ -50,7 +53,8 @@ const QImage& ImageAsset::image(qreal devicePixelRatio) const {
     }
     QImage image(bundle_.filePath(QString::fromStdString(variant->second)));
     image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(1); // the reader takes one from the file's name; pixels are meant here
+    // The reader takes a ratio from the file's name; pixels are meant here.
+    image.setDevicePixelRatio(1);
     const QSize wanted = (size_ * devicePixelRatio).toSize().expandedTo(QSize(1, 1));
     if (!image.isNull() && image.size() != wanted) {
         image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
@@ -58,8 +62,7 @@ const QImage& ImageAsset::image(qreal devicePixelRatio) const {
     return prepared_.emplace(key, std::move(image)).first->second;
 }
 
-AssetCatalog::AssetCatalog(const QDir& bundle)
-    : bundle_(bundle), manifest_(readManifest(bundle)) {}
+AssetCatalog::AssetCatalog(const QDir& bundle) : bundle_(bundle), manifest_(readManifest(bundle)) {}
 
 const ImageAsset* AssetCatalog::image(const QString& name) const {
     if (const auto found = images_.find(name); found != images_.end()) {

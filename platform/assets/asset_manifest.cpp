@@ -35,8 +35,10 @@ std::optional<std::array<double, Count>> numbers(const Json& owner, const char* 
 }
 
 bool staysInside(const std::string& file) {
+    // A colon would lead to a drive, or to the resources inside of the program.
+    constexpr std::string_view forbidden("\\:\0", 3);
     return !file.empty() && file.front() != '/' && file.find("..") == std::string::npos &&
-           file.find('\\') == std::string::npos && file.find('\0') == std::string::npos;
+           file.find_first_of(forbidden) == std::string::npos;
 }
 
 std::optional<ImageEntry> parseImage(const Json& json) {
@@ -93,8 +95,8 @@ std::optional<FaceEntry> parseFace(const Json& json) {
     const Json family = json.value("family", Json());
     const Json style = json.value("style", Json(""));
     const Json weight = json.value("weight", Json(400));
-    if (!family.is_string() || family.get_ref<const std::string&>().empty() ||
-        !style.is_string() || !weight.is_number_integer() || weight < 1 || weight > 1000) {
+    if (!family.is_string() || family.get_ref<const std::string&>().empty() || !style.is_string() ||
+        !weight.is_number_integer() || weight < 1 || weight > 1000) {
         return {};
     }
     return FaceEntry{family.get<std::string>(), style.get<std::string>(), weight.get<int>()};

@@ -11,10 +11,15 @@
 namespace platform {
 namespace {
 
-/// One axis of a nine-part image: where each of the three parts begins and ends, in pixels.
+struct Span {
+    int begin;
+    int end;
+};
+
+/// One axis of a nine-part image: its leading cap, its middle and its trailing cap, in pixels.
 struct Axis {
-    std::array<int, 4> source;
-    std::array<int, 4> target;
+    std::array<Span, 3> source;
+    std::array<Span, 3> target;
 };
 
 Axis divide(int sourceLength, int leadingCap, int trailingCap, int targetBegin, int targetEnd) {
@@ -22,8 +27,19 @@ Axis divide(int sourceLength, int leadingCap, int trailingCap, int targetBegin, 
     // A target smaller than both caps cuts them in the middle instead of letting them overlap.
     const int leading = std::min(leadingCap, (length + 1) / 2);
     const int trailing = std::min(trailingCap, length - leading);
-    return {{0, leading, sourceLength - trailing, sourceLength},
-            {targetBegin, targetBegin + leading, targetEnd - trailing, targetEnd}};
+    Span middle{leading, sourceLength - trailing};
+    if (middle.begin >= middle.end) {
+        // Caps that leave no middle, or none after rounding: their last pixels fill the gap.
+        middle = {std::max(leading - 1, 0), std::max(leading, 1)};
+    }
+    return {{{{0, leading}, middle, {sourceLength - trailing, sourceLength}}},
+            {{{targetBegin, targetBegin + leading},
+              {targetBegin + leading, targetEnd - trailing},
+              {targetEnd - trailing, targetEnd}}}};
+}
+
+QRect rectangle(const Span& x, const Span& y) {
+    return {QPoint(x.begin, y.begin), QPoint(x.end - 1, y.end - 1)};
 }
 
 void paintPart(QPainter& painter, const QRect& target, const QImage& image, const QRect& source,
@@ -85,12 +101,9 @@ void paintImage(QPainter& painter, const QRectF& rect, const ImageAsset& asset,
                               target.top(), target.bottom() + 1);
         for (std::size_t row = 0; row < 3; ++row) {
             for (std::size_t column = 0; column < 3; ++column) {
-                const QRect to(QPoint(x.target[column], y.target[row]),
-                               QPoint(x.target[column + 1] - 1, y.target[row + 1] - 1));
-                const QRect from(QPoint(x.source[column], y.source[row]),
-                                 QPoint(x.source[column + 1] - 1, y.source[row + 1] - 1));
                 const bool isMiddle = row == 1 || column == 1;
-                paintPart(painter, to, image, from,
+                paintPart(painter, rectangle(x.target[column], y.target[row]), image,
+                          rectangle(x.source[column], y.source[row]),
                           isMiddle && asset.resizing() == ImageResizing::tile);
             }
         }

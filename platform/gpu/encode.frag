@@ -26,7 +26,8 @@ void main() {
     if (flippedHeight > 0.0) {
         pixel.y = int(flippedHeight) - 1 - pixel.y;
     }
-    vec4 light = texelFetch(drawable, pixel, 0);
+    // The largest half: an infinite component must not turn the others into nonsense.
+    vec4 light = clamp(texelFetch(drawable, pixel, 0), vec4(-65504.0), vec4(65504.0));
     if (light == vec4(0.0)) {
         encoded = groundEncoded; // exactly, so that no edge shows
         return;

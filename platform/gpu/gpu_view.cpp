@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -30,6 +31,22 @@ QPlatformBackingStoreRhiConfig configFor(const GpuDevice* device) {
     default:
         return Config(Config::OpenGL);
     }
+}
+
+/// Gives a window that is shown a new device. The toolkit's own way leaves the window's compositor
+/// with what it has made on the device before, and nothing is composited any more.
+void replaceBackingStore(QWidget& window, const QPlatformBackingStoreRhiConfig& config) {
+    QTLWExtra* const top = QWidgetPrivate::get(&window)->maybeTopData();
+    if (top == nullptr || top->backingStore == nullptr || window.windowHandle() == nullptr) {
+        return;
+    }
+    delete std::exchange(top->backingStore, nullptr); // first: one device at a time on a window
+    top->backingStore = new QBackingStore(window.windowHandle()); // owned by the window
+    top->backingStore->handle()->setRhiConfig(config);
+    if (top->repaintManager != nullptr) {
+        top->repaintManager->setBackingStore(top->backingStore);
+    }
+    window.update();
 }
 
 FrameResult toFrameResult(QRhi::FrameOpResult result) {
@@ -66,8 +83,12 @@ class GpuViewPrivate : public QWidgetPrivate {
 };
 
 GpuView::GpuView(QWidget* parent, std::shared_ptr<GpuDevice> device)
-    : QWidget(*new GpuViewPrivate(configFor(device.get())), parent, {}), device_(std::move(device)),
-      pacer_([this] { setNeedsDisplay(); }) {
+    : QWidget(*new GpuViewPrivate(configFor(device.get())), parent, {}),
+      device_(std::move(device)),
+      pacer_([this] {
+          isFrameDue_ = true;
+          update();
+      }) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     if (configFor(device_.get()).isEnabled()) {
         static_cast<GpuViewPrivate*>(QWidgetPrivate::get(this))->setRenderToTexture();
@@ -118,6 +139,7 @@ void GpuView::setPreferredFramesPerSecond(int framesPerSecond) {
 void GpuView::setPaused(bool isPaused) {
     if (isPaused_ != isPaused) {
         isPaused_ = isPaused;
+        isFrameDue_ = false;
         updatePacing();
     }
 }
@@ -128,7 +150,9 @@ void GpuView::setNeedsDisplay() {
 }
 
 QSize GpuView::drawableSize() const {
-    return (QSizeF(size()) * devicePixelRatio()).toSize().expandedTo(QSize(1, 1));
+    // Without a window there is no screen whose pixels would count.
+    const qreal scale = isHeadless() ? 1 : devicePixelRatio();
+    return (QSizeF(size()) * scale).toSize().expandedTo(QSize(1, 1));
 }
 
 void GpuView::setFrameResultFilter(std::function<FrameResult(FrameResult)> filter) {
@@ -183,7 +207,7 @@ bool GpuView::drawNow() {
 
 bool GpuView::drawFrame() {
     QRhi* const rhi = currentRhi();
-    if (rhi == nullptr || delegate_ == nullptr || isEmpty_) {
+    if (rhi == nullptr || isEmpty_) {
         return false;
     }
     const FrameResult result = ensureObjects(rhi) ? recordFrame(rhi) : FrameResult::error;
@@ -193,6 +217,7 @@ bool GpuView::drawFrame() {
     }
     failedFrames_ = 0;
     needsFrame_ = false;
+    isFrameDue_ = false;
     ++frameCount_;
     return true;
 }
@@ -202,7 +227,7 @@ FrameResult GpuView::recordFrame(QRhi* rhi) {
         const FrameResult outcome = toFrameResult(result);
         return frameResultFilter_ ? frameResultFilter_(outcome) : outcome;
     };
-    if (announcedSize_ != drawableSize()) {
+    if (delegate_ != nullptr && announcedSize_ != drawableSize()) {
         announcedSize_ = drawableSize();
         delegate_->drawableSizeWillChange(*this, announcedSize_);
     }
@@ -217,9 +242,10 @@ FrameResult GpuView::recordFrame(QRhi* rhi) {
             isRefused = isRefused || !resources->prepare(context);
         }
         if (!isRefused) {
-            delegate_->draw(*this);
-            objects_->endFrame(
-                {colorSpace_, palette().color(QPalette::Window), rhi->isYUpInNDC()});
+            if (delegate_ != nullptr) {
+                delegate_->draw(*this);
+            }
+            objects_->endFrame({colorSpace_, palette().color(QPalette::Window), rhi->isYUpInNDC()});
         }
     }
     if (begun == QRhi::FrameOpSuccess) {
@@ -237,7 +263,8 @@ FrameResult GpuView::recordFrame(QRhi* rhi) {
 void GpuView::frameFailed(FrameResult result) {
     ++failedFrames_;
     // Later: the window may be in the middle of painting with the textures of now.
-    QMetaObject::invokeMethod(this, [this, result] { recover(result); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, result] { recover(result); }, Qt::QueuedConnection);
 }
 
 void GpuView::recover(FrameResult result) {
@@ -246,10 +273,14 @@ void GpuView::recover(FrameResult result) {
         return;
     }
     if (result == FrameResult::deviceLost) {
-        releaseWindowDevice();
+        replaceDevice();
     }
-    const bool hasPicture = objects_ != nullptr && objects_->hasPicture();
-    if (failedFrames_ > 0 && !hasPicture && !isHeadless() && isVisible()) {
+    if (failedFrames_ == 0 || isHeadless() || !isVisible()) {
+        return;
+    }
+    if (hasCurrentPicture()) {
+        update(); // once more; until then the window shows the frame before
+    } else {
         // Without a texture the window would show black here, so step aside until the next try.
         hide();
         QTimer::singleShot(retryAfter, this, [this] {
@@ -267,18 +298,18 @@ void GpuView::becomeEmpty() {
     hide();
 }
 
-void GpuView::releaseWindowDevice() {
+void GpuView::replaceDevice() {
     if (isHeadless()) {
         releaseObjects();
         return;
     }
-    // As Qt does it when compositing meets the lost device: everybody lets go, then it starts anew.
-    const QPointer<GpuView> self(this);
-    for (GpuView* const view : window()->findChildren<GpuView*>()) {
+    const auto views = window()->findChildren<GpuView*>();
+    for (GpuView* const view : views) {
         view->releaseObjects();
     }
-    if (self != nullptr && window()->backingStore() != nullptr) {
-        window()->backingStore()->handle()->graphicsDeviceReportedLost();
+    replaceBackingStore(*window(), configFor(device_.get()));
+    for (GpuView* const view : views) {
+        view->drawAhead();
     }
 }
 
@@ -300,10 +331,13 @@ QImage GpuView::grabDrawable() {
     return objects_ != nullptr ? objects_->readDrawable() : QImage();
 }
 
+bool GpuView::hasCurrentPicture() const {
+    return objects_ != nullptr && objects_->rhi() == currentRhi() && objects_->hasPicture() &&
+           objects_->size() == drawableSize();
+}
+
 void GpuView::paintEvent(QPaintEvent* /*event*/) {
-    const bool hasCurrentPicture = objects_ != nullptr && objects_->rhi() == currentRhi() &&
-                                   objects_->hasPicture() && objects_->size() == drawableSize();
-    if (!isHeadless() && (needsFrame_ || !hasCurrentPicture)) {
+    if (!isHeadless() && (needsFrame_ || isFrameDue_ || !hasCurrentPicture())) {
         drawFrame();
     }
 }
@@ -327,15 +361,30 @@ bool GpuView::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::WindowAboutToChangeInternal:
         releaseObjects();
+        formerStore_ = window()->backingStore();
         break;
     case QEvent::ParentChange:
-    case QEvent::WindowChangeInternal:
         followWindow();
         updatePacing();
         break;
+    case QEvent::WindowChangeInternal:
+        if (window()->backingStore() == formerStore_ && !isHeadless()) {
+            // Still the same window: compositing has met a lost device.
+            QMetaObject::invokeMethod(
+                this,
+                [this, rhi = currentRhi()] {
+                    if (rhi == currentRhi()) {
+                        replaceDevice();
+                    }
+                },
+                Qt::QueuedConnection);
+        }
+        [[fallthrough]];
     case QEvent::Show:
         followWindow();
-        drawAhead();
+        if (!hasCurrentPicture()) {
+            drawAhead(); // else a view that pauses would jump in time
+        }
         updatePacing();
         break;
     case QEvent::Hide:
@@ -367,7 +416,6 @@ bool GpuView::eventFilter(QObject* object, QEvent* event) {
         case QEvent::WindowStateChange:
         case QEvent::Show:
         case QEvent::Hide:
-        case QEvent::Expose:
             updatePacing();
             break;
         default:

@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QPointer>
 #include <QSize>
 #include <QWidget>
 
@@ -12,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+class QBackingStore;
 class QRhi;
 class QRhiCommandBuffer;
 class QRhiRenderPassDescriptor;
@@ -81,6 +83,7 @@ class GpuView : public QWidget {
     [[nodiscard]] const std::shared_ptr<GpuDevice>& device() const { return device_; }
 
     /// Not owned; null takes the delegate away. It must take itself away before it is destroyed.
+    /// Without one the view shows what it has shown last, at first its ground.
     void setDelegate(GpuViewDelegate* delegate);
     [[nodiscard]] GpuViewDelegate* delegate() const { return delegate_; }
 
@@ -141,17 +144,19 @@ class GpuView : public QWidget {
     void recover(FrameResult result);
     void becomeEmpty();
     void releaseObjects();
-    void releaseWindowDevice();
+    void replaceDevice();
     void updatePacing();
     void followWindow();
     [[nodiscard]] bool isHeadless() const;
+    [[nodiscard]] bool hasCurrentPicture() const;
 
     std::shared_ptr<GpuDevice> device_;
     GpuViewDelegate* delegate_ = nullptr;
     DrawableColorSpace colorSpace_ = DrawableColorSpace::extendedLinearSRGB;
     FramePacer pacer_;
     bool isPaused_ = true;
-    bool needsFrame_ = true;
+    bool needsFrame_ = true;  // asked for
+    bool isFrameDue_ = false; // by the pacer
     bool isEmpty_ = false;
     int failedFrames_ = 0;
     long frameCount_ = 0;
@@ -160,8 +165,8 @@ class GpuView : public QWidget {
     std::function<FrameResult(FrameResult)> frameResultFilter_;
     std::vector<Resources*> resources_;
     std::unique_ptr<Objects> objects_;
-    QMetaObject::Connection screenConnection_;
-    QWidget* followedWindow_ = nullptr;
+    QPointer<QWidget> followedWindow_;
+    const QBackingStore* formerStore_ = nullptr; // only compared
 };
 
 /// Makes a window composite with the GPU from the start, so that a `GpuView` may join it later

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -42,19 +43,18 @@ QShader embeddedShader(const char* name) {
 
 } // namespace
 
-bool GpuView::Objects::create() {
+bool GpuView::Objects::create(QSize size) {
     initializeEncodeShaders();
     const QShader vertex = embeddedShader(":/larkvox/gpu/encode.vert.qsb");
     const QShader fragment = embeddedShader(":/larkvox/gpu/encode.frag.qsb");
     if (!vertex.isValid() || !fragment.isValid()) {
         return false;
     }
-    drawable_.reset(rhi_->newTexture(QRhiTexture::RGBA16F, size_, 1,
-                                     QRhiTexture::RenderTarget |
-                                         QRhiTexture::UsedAsTransferSource));
-    encoded_.reset(rhi_->newTexture(QRhiTexture::RGBA8, size_, 1,
-                                    QRhiTexture::RenderTarget |
-                                        QRhiTexture::UsedAsTransferSource));
+    drawable_.reset(
+        rhi_->newTexture(QRhiTexture::RGBA16F, size, 1,
+                         QRhiTexture::RenderTarget | QRhiTexture::UsedAsTransferSource));
+    encoded_.reset(rhi_->newTexture(QRhiTexture::RGBA8, size, 1,
+                                    QRhiTexture::RenderTarget | QRhiTexture::UsedAsTransferSource));
     if (!drawable_->create() || !encoded_->create()) {
         return false;
     }
@@ -68,8 +68,8 @@ bool GpuView::Objects::create() {
         !makeTarget(encodedTarget_, encodedPass_, encoded_.get())) {
         return false;
     }
-    uniforms_.reset(rhi_->newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer,
-                                    sizeof(EncodeUniforms)));
+    uniforms_.reset(
+        rhi_->newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, sizeof(EncodeUniforms)));
     sampler_.reset(rhi_->newSampler(QRhiSampler::Nearest, QRhiSampler::Nearest, QRhiSampler::None,
                                     QRhiSampler::ClampToEdge, QRhiSampler::ClampToEdge));
     bindings_.reset(rhi_->newShaderResourceBindings());
@@ -89,16 +89,26 @@ bool GpuView::Objects::create() {
 bool GpuView::Objects::resize(QSize size) {
     hasPicture_ = false;
     isWritten_ = false;
-    const bool isFirst = pipeline_ == nullptr;
-    size_ = size;
-    if (isFirst) {
-        return create();
+    size_ = {};
+    if (std::max(size.width(), size.height()) > rhi_->resourceLimit(QRhi::TextureSizeMax)) {
+        return false;
     }
-    // The texture and render pass objects stay, so what was made with them stays valid.
-    drawable_->setPixelSize(size);
-    encoded_->setPixelSize(size);
-    return drawable_->create() && encoded_->create() && drawableTarget_->create() &&
-           encodedTarget_->create() && bindings_->create();
+    if (!isMade_) {
+        isMade_ = create(size);
+        if (!isMade_) {
+            return false;
+        }
+    } else {
+        // The texture and render pass objects stay, so what was made with them stays valid.
+        drawable_->setPixelSize(size);
+        encoded_->setPixelSize(size);
+        if (!drawable_->create() || !encoded_->create() || !drawableTarget_->create() ||
+            !encodedTarget_->create() || !bindings_->create()) {
+            return false;
+        }
+    }
+    size_ = size;
+    return true;
 }
 
 void GpuView::Objects::beginFrame(QRhiCommandBuffer* commands) {
@@ -188,7 +198,8 @@ QImage GpuView::Objects::readEncoded() {
 
 QImage GpuView::Objects::readDrawable() {
     // Read before the encode pass has turned it round where that is needed.
-    return read(drawable_.get(), QImage::Format_RGBA16FPx4_Premultiplied, true)
+    const bool isUpsideDown = rhi_->isYUpInNDC() == rhi_->isYUpInFramebuffer();
+    return read(drawable_.get(), QImage::Format_RGBA16FPx4_Premultiplied, isUpsideDown)
         .convertToFormat(QImage::Format_RGBA32FPx4_Premultiplied);
 }
 

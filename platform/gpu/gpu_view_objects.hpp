@@ -34,7 +34,8 @@ struct GpuView::Objects {
         return hasPicture_ ? encoded_.get() : nullptr;
     }
 
-    /// Makes both textures for a size in pixels. False when the device refuses.
+    /// Makes both textures for a size in pixels. False when the device refuses; then the size is
+    /// none, and nothing may be drawn until it succeeds.
     bool resize(QSize size);
 
     void beginFrame(QRhiCommandBuffer* commands);
@@ -45,12 +46,13 @@ struct GpuView::Objects {
     QImage readDrawable();
 
   private:
-    bool create();
+    bool create(QSize size);
     void writeUniforms(const EncodeSettings& settings);
     QImage read(QRhiTexture* texture, QImage::Format format, bool isUpsideDown);
 
     QRhi* rhi_;
     QSize size_;
+    bool isMade_ = false;
     bool hasPicture_ = false;
     bool isPassOpen_ = false;
     bool hasDrawn_ = false;

@@ -17,3 +17,4 @@
 #include <QtGui/qpa/qplatformbackingstore.h>
 #include <QtGui/qpa/qplatformintegration.h>
 #include <QtWidgets/private/qwidget_p.h>
+#include <QtWidgets/private/qwidgetrepaintmanager_p.h>

@@ -31,8 +31,7 @@ struct QuadPipeline::Objects {
 bool QuadPipeline::Objects::create(const GpuContext& context,
                                    const QuadPipelineDescriptor& descriptor) {
     QRhi& rhi = *context.rhi;
-    vertices.reset(
-        rhi.newBuffer(QRhiBuffer::Immutable, QRhiBuffer::VertexBuffer, sizeof corners));
+    vertices.reset(rhi.newBuffer(QRhiBuffer::Immutable, QRhiBuffer::VertexBuffer, sizeof corners));
     uniforms.reset(rhi.newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer,
                                  static_cast<int>(descriptor.uniformSize)));
     sampler.reset(rhi.newSampler(QRhiSampler::Linear, QRhiSampler::Linear, QRhiSampler::None,
@@ -72,9 +71,8 @@ void QuadPipeline::Objects::upload(const GpuContext& context,
     auto* const updates = context.rhi->nextResourceUpdateBatch();
     updates->uploadStaticBuffer(vertices.get(), corners.data());
     for (std::size_t i = 0; i < textures.size(); ++i) {
-        updates->uploadTexture(
-            textures[i].get(),
-            descriptor.textures[i].convertToFormat(QImage::Format_RGBA8888_Premultiplied));
+        updates->uploadTexture(textures[i].get(), descriptor.textures[i].convertToFormat(
+                                                      QImage::Format_RGBA8888_Premultiplied));
     }
     context.commandBuffer->resourceUpdate(updates);
     isUploaded = true;
@@ -97,7 +95,9 @@ QuadPipeline::QuadPipeline(GpuView& view, QuadPipelineDescriptor descriptor)
 }
 
 QuadPipeline::~QuadPipeline() {
-    view_->removeResources(*this);
+    if (view_ != nullptr) {
+        view_->removeResources(*this);
+    }
 }
 
 bool QuadPipeline::prepare(const GpuContext& context) {

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QPointer>
 
 #include <cstddef>
 #include <memory>
@@ -39,8 +40,8 @@ struct QuadPipelineDescriptor {
 };
 
 /// One quad over the whole drawable, coloured by a fragment function: the pipeline state of every
-/// renderer. Its GPU objects follow the view's device and come back when that is replaced. It must
-/// not outlive the view. Main thread.
+/// renderer. Its GPU objects follow the view's device and come back when that is replaced; they go
+/// with the view. Main thread.
 class QuadPipeline final : public GpuView::Resources {
   public:
     static constexpr int vertexCount = 4;
@@ -62,7 +63,7 @@ class QuadPipeline final : public GpuView::Resources {
     struct Objects;
     QuadPipelineDescriptor descriptor_;
     std::unique_ptr<Objects> objects_;
-    GpuView* view_;
+    QPointer<GpuView> view_;
 };
 
 } // namespace platform

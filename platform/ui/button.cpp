@@ -39,7 +39,8 @@ bool Button::event(QEvent* event) {
             isPressedWhileDisabled_ = isPressed;
             update();
         };
-        if (event->type() == QEvent::MouseButtonPress) {
+        if (event->type() == QEvent::MouseButtonPress ||
+            event->type() == QEvent::MouseButtonDblClick) {
             press(static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton);
             return true;
         }
@@ -58,7 +59,7 @@ void Button::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     style_->paint(painter, QRectF(rect()),
                   {text(), isDown() || isPressedWhileDisabled_, isEnabled()});
-    if (showsFocus_) {
+    if (showsFocus_ && hasFocus()) {
         paintFocusRing(painter, QRectF(rect()), 4, palette());
     }
 }
@@ -73,12 +74,12 @@ void Button::keyPressEvent(QKeyEvent* event) {
 }
 
 void Button::focusInEvent(QFocusEvent* event) {
-    showsFocus_ = isKeyboardFocus(event->reason());
+    showsFocus_ = showsFocusAfter(event->reason(), showsFocus_);
     QAbstractButton::focusInEvent(event);
 }
 
 void Button::focusOutEvent(QFocusEvent* event) {
-    showsFocus_ = showsFocus_ && event->reason() == Qt::ActiveWindowFocusReason;
+    showsFocus_ = showsFocusAfter(event->reason(), showsFocus_);
     QAbstractButton::focusOutEvent(event);
 }
 

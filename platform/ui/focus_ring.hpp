@@ -8,10 +8,21 @@ class QPalette;
 
 namespace platform {
 
-/// True when focus came by a key, so that it should be seen; a click needs no ring.
-inline bool isKeyboardFocus(Qt::FocusReason reason) {
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-           reason == Qt::ShortcutFocusReason || reason == Qt::ActiveWindowFocusReason;
+/// Whether a control should show its focus after a focus event: when focus came by a key, not by a
+/// click. A popup or another window that borrows the focus changes nothing (`before`).
+inline bool showsFocusAfter(Qt::FocusReason reason, bool before) {
+    switch (reason) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        return true;
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        return before;
+    default:
+        return false;
+    }
 }
 
 /// Paints the one focus ring of the house just inside of `bounds`, with corners of that radius.

@@ -21,10 +21,8 @@ GlyphButton::GlyphButton(const QString& glyph, const QString& name, const AssetC
 }
 
 bool GlyphButton::event(QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        showsFocus_ = isKeyboardFocus(static_cast<QFocusEvent*>(event)->reason());
-    } else if (event->type() == QEvent::FocusOut) {
-        showsFocus_ = false;
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        showsFocus_ = showsFocusAfter(static_cast<QFocusEvent*>(event)->reason(), showsFocus_);
     }
     return QAbstractButton::event(event);
 }
@@ -45,13 +43,14 @@ void GlyphButton::paintEvent(QPaintEvent* /*event*/) {
     if (const ImageAsset* const image = assets_.image(glyph_)) {
         paintImage(painter, QRectF(rect()), *image, ink);
     }
-    if (showsFocus_) {
+    if (showsFocus_ && hasFocus()) {
         paintFocusRing(painter, QRectF(rect()).adjusted(1, 1, -1, -1), 4, palette());
     }
 }
 
 void GlyphButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+        !event->isAutoRepeat()) {
         click();
         return;
     }

@@ -1,7 +1,10 @@
 #include "platform/ui/main_queue_driver.hpp"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
+
+#include <utility>
 
 namespace platform {
 namespace {
@@ -16,6 +19,7 @@ bool isInput(QEvent::Type type) {
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
+    case QEvent::ShortcutOverride: // comes before a shortcut, which a key press does not
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
     case QEvent::TouchBegin:
@@ -24,6 +28,8 @@ bool isInput(QEvent::Type type) {
     case QEvent::TabletPress:
     case QEvent::TabletMove:
     case QEvent::TabletRelease:
+    case QEvent::InputMethod:
+    case QEvent::NativeGesture:
         return true;
     default:
         return false;
@@ -38,7 +44,19 @@ MainQueueDriver::MainQueueDriver(core::MainQueue& queue)
         wake_.reset();
         drain();
     });
+    again_.setSingleShot(true);
+    again_.setTimerType(Qt::PreciseTimer);
+    connect(&again_, &QTimer::timeout, this, &MainQueueDriver::drain);
     QCoreApplication::instance()->installEventFilter(this);
+    // A task that runs an event loop of its own, such as a dialog's, must not hold up the others:
+    // while it runs nobody wakes us.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] {
+                if (isDraining_) {
+                    isDraining_ = false;
+                    drain();
+                }
+            });
     queue_.setWaker(&wake_);
 }
 
@@ -54,9 +72,18 @@ bool MainQueueDriver::eventFilter(QObject* object, QEvent* event) {
 }
 
 void MainQueueDriver::drain() {
-    if (queue_.drain(budget)) {
+    const bool wasDraining = std::exchange(isDraining_, true);
+    switch (queue_.pump(budget)) {
+    case core::MainQueue::Next::now:
         wake_.wake(); // the rest after the events that wait
+        break;
+    case core::MainQueue::Next::soon:
+        again_.start(core::MainQueue::pumpInterval);
+        break;
+    case core::MainQueue::Next::whenWoken:
+        break;
     }
+    isDraining_ = wasDraining;
 }
 
 } // namespace platform

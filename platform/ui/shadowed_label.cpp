@@ -46,8 +46,7 @@ std::vector<float> blurred(const std::vector<float>& coverage, int width, int he
 QImage shadowOf(const QImage& picture, const TextShadow& shadow, double scale) {
     const int width = picture.width();
     const int height = picture.height();
-    std::vector<float> coverage(static_cast<std::size_t>(width) *
-                                static_cast<std::size_t>(height));
+    std::vector<float> coverage(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     auto value = coverage.begin();
     for (int y = 0; y < height; ++y) {
         const auto* const row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
@@ -108,14 +107,17 @@ QImage ShadowedLabel::render() const {
 }
 
 void ShadowedLabel::paintEvent(QPaintEvent* /*event*/) {
-    if (picture_.size() != (QSizeF(size()) * devicePixelRatio()).toSize()) {
+    if (picture_.size() != (QSizeF(size()) * devicePixelRatio()).toSize() ||
+        pictureText_ != text()) {
         picture_ = render();
+        pictureText_ = text();
     }
     QPainter(this).drawImage(0, 0, picture_);
 }
 
 void ShadowedLabel::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange ||
+        event->type() == QEvent::EnabledChange) {
         picture_ = {};
     }
     QLabel::changeEvent(event);

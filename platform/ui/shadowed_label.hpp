@@ -31,7 +31,8 @@ class ShadowedLabel final : public QLabel {
     [[nodiscard]] QImage render() const;
 
     std::vector<TextShadow> shadows_;
-    QImage picture_; // made when first painted
+    QImage picture_;      // made when first painted
+    QString pictureText_; // what it shows
 };
 
 } // namespace platform

@@ -50,8 +50,8 @@ void ViewController::appear() {
     // After the event, when the view really is part of a shown window.
     QMetaObject::invokeMethod(
         this,
-        [this] {
-            if (hasAppeared_) {
+        [this, appearance = ++appearances_] {
+            if (hasAppeared_ && appearance == appearances_) {
                 viewDidAppear();
             }
         },
@@ -74,8 +74,8 @@ void ViewController::followWindow() {
     }
     followedWindow_ = window();
     followedHandle_ = followedWindow_ != nullptr ? followedWindow_->windowHandle() : nullptr;
-    for (QObject* const followed : {static_cast<QObject*>(followedWindow_.data()),
-                                    followedHandle_.data()}) {
+    for (QObject* const followed :
+         {static_cast<QObject*>(followedWindow_.data()), followedHandle_.data()}) {
         if (followed != nullptr && followed != view_) {
             followed->installEventFilter(this);
         }

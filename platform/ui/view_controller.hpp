@@ -42,6 +42,7 @@ class ViewController : public QObject {
     QPointer<QWidget> followedWindow_;
     QPointer<QObject> followedHandle_;
     bool hasAppeared_ = false;
+    int appearances_ = 0;
     bool isInSight_ = true;
 };
 

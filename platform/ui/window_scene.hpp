@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QPoint>
 #include <QKeySequence>
 #include <QList>
+#include <QPoint>
 #include <QSize>
 #include <QWidget>
 

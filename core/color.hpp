@@ -1,0 +1,14 @@
+#pragma once
+
+namespace core {
+
+/// A colour in sRGB with straight alpha. Components are 0…1; wider colour spaces go beyond.
+struct Color {
+    float red = 0;
+    float green = 0;
+    float blue = 0;
+    float alpha = 1;
+    friend bool operator==(const Color&, const Color&) = default;
+};
+
+} // namespace core

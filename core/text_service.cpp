@@ -1,0 +1,38 @@
+#include "core/text_service.hpp"
+
+#include "core/decimal_text.hpp"
+
+#include <atomic>
+
+namespace core {
+namespace {
+
+std::atomic<const TextService*> installed{nullptr};
+
+} // namespace
+
+std::string TextService::lowercase(std::string_view text) const {
+    std::string result(text);
+    for (char& character : result) {
+        if (character >= 'A' && character <= 'Z') {
+            character = static_cast<char>(character - 'A' + 'a');
+        }
+    }
+    return result;
+}
+
+std::string TextService::localizedWholeNumber(double value) const {
+    return fixedText(value, 0);
+}
+
+const TextService& TextService::current() {
+    static const TextService fallback;
+    const TextService* const service = installed.load(std::memory_order_acquire);
+    return service != nullptr ? *service : fallback;
+}
+
+void TextService::install(const TextService* service) {
+    installed.store(service, std::memory_order_release);
+}
+
+} // namespace core

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fernhorn {
+
+/// Turns a parameter's value into the text of its label and back. Held by `std::shared_ptr`; a
+/// label keeps its formatter for its whole life. Texts are UTF-8.
+class LabelFormatter {
+  public:
+    virtual ~LabelFormatter() = default;
+    [[nodiscard]] virtual std::string format(float value) const = 0;
+    /// Nothing when the text is not understood.
+    [[nodiscard]] virtual std::optional<float> parse(std::string_view text) const = 0;
+};
+
+} // namespace fernhorn

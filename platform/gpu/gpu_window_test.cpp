@@ -1,0 +1,267 @@
+#include "platform/gpu/gpu_view.hpp"
+#include "platform/gpu/qrhi_private.hpp"
+#include "platform/gpu/test_cells.hpp"
+#include "platform/testing/window_testing.hpp"
+
+#include <QApplication>
+#include <QBackingStore>
+#include <QLabel>
+#include <QPalette>
+#include <QPointer>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace platform {
+namespace {
+
+using testing::cellCentre;
+using testing::CellPainter;
+using testing::runFor;
+using testing::runUntil;
+using testing::screenColor;
+using testing::showActive;
+
+const QColor ground(0x15, 0x51, 0x9f);
+
+std::unique_ptr<QWidget> makeWindow(bool hasHost = true) {
+    auto window = std::make_unique<QWidget>();
+    QPalette palette = window->palette();
+    palette.setColor(QPalette::Window, ground);
+    window->setPalette(palette);
+    window->resize(240, 160);
+    if (hasHost) {
+        GpuHost::install(*window);
+    }
+    return window;
+}
+
+/// Green in the first row, light of nothing in the second; drawn by the window's device.
+struct Picture {
+    explicit Picture(QWidget& parent)
+        : view(new GpuView(&parent, GpuDevice::systemDefault())), painter(*view) {
+        std::fill_n(painter.cells.begin(), 8, testing::Light{0, 1, 0, 1});
+        view->setGeometry(20, 20, 160, 80);
+        view->setDelegate(&painter);
+        view->show();
+    }
+    ~Picture() {
+        if (view != nullptr) {
+            view->setDelegate(nullptr);
+        }
+    }
+
+    [[nodiscard]] QColor seen(std::size_t cell) const {
+        return screenColor(*view, cellCentre(cell, view->size()));
+    }
+    /// Really on the screen, and the ground where there is no light.
+    [[nodiscard]] bool isSeen() const {
+        return runUntil([this] { return seen(2) == QColor(Qt::green) && seen(10) == ground; });
+    }
+
+    QPointer<GpuView> view;
+    CellPainter painter;
+};
+
+class GpuWindow : public ::testing::Test {
+  protected:
+    void SetUp() override { ASSERT_NE(GpuDevice::systemDefault(), nullptr); }
+};
+
+TEST_F(GpuWindow, ShowsThePictureUnderOtherWidgets) {
+    const auto window = makeWindow();
+    Picture picture(*window);
+    QLabel label(window.get());
+    label.setGeometry(100, 30, 20, 20);
+    label.setStyleSheet(QStringLiteral("background: #ff0000"));
+    showActive(*window);
+    EXPECT_TRUE(picture.isSeen());
+    EXPECT_TRUE(runUntil([&] { return screenColor(label, {10, 10}) == QColor(Qt::red); }));
+    // Nothing shows where the picture ends.
+    for (const QPoint edge : {QPoint(100, 99), QPoint(100, 100), QPoint(100, 101), QPoint(19, 90),
+                              QPoint(20, 90), QPoint(179, 90), QPoint(180, 90)}) {
+        EXPECT_EQ(screenColor(*window, edge), ground) << edge.x() << ", " << edge.y();
+    }
+    EXPECT_EQ(screenColor(*window, {180, 40}), ground);
+
+    const QImage grabbed = window->grab().toImage();
+    EXPECT_EQ(grabbed.pixelColor((QPointF(60, 40) * grabbed.devicePixelRatio()).toPoint()),
+              QColor(Qt::green));
+}
+
+TEST_F(GpuWindow, DrawsOnlyWhatIsAskedFor) {
+    const auto window = makeWindow();
+    Picture picture(*window);
+    GpuView& view = *picture.view;
+    showActive(*window);
+    ASSERT_TRUE(picture.isSeen());
+    const auto framesWithin = [&](int milliseconds) {
+        const long before = view.frameCount();
+        runFor(milliseconds);
+        return view.frameCount() - before;
+    };
+    EXPECT_EQ(framesWithin(200), 0); // starts paused
+    view.setNeedsDisplay();
+    view.setNeedsDisplay();
+    EXPECT_EQ(framesWithin(200), 1);
+    window->update();
+    EXPECT_EQ(framesWithin(200), 0);
+
+    view.setPaused(false);
+    EXPECT_GT(framesWithin(500), 10);
+    for (int i = 0; i < 5; ++i) { // at any point between two frames
+        view.setPaused(false);
+        runFor(20 + 3 * i);
+        view.setPaused(true);
+        EXPECT_EQ(framesWithin(100), 0);
+    }
+    view.setPaused(false);
+    runFor(50);
+    view.hide();
+    EXPECT_EQ(framesWithin(200), 0);
+    view.show();
+    EXPECT_TRUE(picture.isSeen());
+    EXPECT_GT(framesWithin(300), 5);
+    view.setPreferredFramesPerSecond(10);
+    EXPECT_LE(framesWithin(500), 7);
+
+    view.setPaused(true);
+    view.resize(200, 60);
+    EXPECT_TRUE(picture.isSeen());
+    view.setDelegate(nullptr);
+    view.setPaused(false);
+    EXPECT_EQ(framesWithin(200), 0);
+}
+
+TEST_F(GpuWindow, GoesOnAfterItsSurroundingsChange) {
+    for (const bool hasHost : {true, false}) {
+        SCOPED_TRACE(hasHost);
+        auto window = makeWindow(hasHost);
+        auto* const container = new QWidget(window.get());
+        container->setGeometry(0, 0, 200, 120);
+        showActive(*window);
+        runFor(50);
+
+        Picture picture(*container); // joins a window that is shown
+        EXPECT_TRUE(picture.isSeen());
+
+        window->close();
+        runFor(50);
+        window->show();
+        EXPECT_TRUE(picture.isSeen());
+
+        // To another window, with its parents and alone, and the one left behind goes.
+        auto other = makeWindow(hasHost);
+        showActive(*other);
+        container->setParent(other.get());
+        container->move(20, 10);
+        container->show();
+        EXPECT_TRUE(picture.isSeen());
+        window.reset();
+        picture.view->setParent(other.get());
+        picture.view->show();
+        EXPECT_TRUE(picture.isSeen());
+        picture.view->setParent(container);
+        picture.view->show();
+        EXPECT_TRUE(picture.isSeen());
+
+        // The native window made anew.
+        other->setWindowFlag(Qt::FramelessWindowHint);
+        other->show();
+        EXPECT_TRUE(picture.isSeen());
+
+        delete container; // while it is visible
+        EXPECT_EQ(picture.view, nullptr);
+        runFor(50);
+        EXPECT_EQ(screenColor(*other, {100, 60}), ground);
+    }
+}
+
+TEST_F(GpuWindow, SurvivesTheLossOfTheDevice) {
+    const auto window = makeWindow();
+    Picture picture(*window);
+    Picture second(*window);
+    second.view->setGeometry(20, 110, 160, 40);
+    QLabel label(window.get());
+    label.setGeometry(190, 20, 20, 20);
+    showActive(*window);
+    ASSERT_TRUE(picture.isSeen());
+    ASSERT_TRUE(second.isSeen());
+    const auto fail = [&](FrameResult failure, int times) {
+        picture.view->setFrameResultFilter([failure, left = times](FrameResult result) mutable {
+            return left-- > 0 ? failure : result;
+        });
+        picture.view->setNeedsDisplay();
+    };
+    for (const FrameResult failure : {FrameResult::error, FrameResult::deviceLost}) {
+        for (const int times : {1, 2, 3}) {
+            SCOPED_TRACE(times);
+            const long before = picture.view->frameCount();
+            fail(failure, times);
+            EXPECT_TRUE(runUntil([&] { return picture.view->frameCount() > before; }));
+            EXPECT_TRUE(picture.isSeen());
+            EXPECT_TRUE(second.isSeen());
+            EXPECT_FALSE(picture.view->isEmpty());
+        }
+    }
+    picture.view->setPaused(false);
+    second.view->setPaused(false);
+    fail(FrameResult::deviceLost, 1'000'000);
+    EXPECT_TRUE(runUntil([&] { return picture.view->isEmpty(); }));
+    EXPECT_TRUE(runUntil([&] { return screenColor(*window, {100, 40}) == ground; }));
+    EXPECT_TRUE(second.isSeen());
+    label.setStyleSheet(QStringLiteral("background: #ff0000"));
+    EXPECT_TRUE(runUntil([&] { return screenColor(label, {10, 10}) == QColor(Qt::red); }));
+}
+
+// What the toolkit does when it meets a lost device while it composites.
+TEST_F(GpuWindow, GoesOnAfterCompositingHasLostTheDevice) {
+    const auto window = makeWindow();
+    Picture picture(*window);
+    Picture second(*window);
+    second.view->setGeometry(20, 110, 160, 40);
+    showActive(*window);
+    ASSERT_TRUE(picture.isSeen());
+    const auto tell = [&](QEvent::Type type) {
+        for (GpuView* const view : {picture.view.data(), second.view.data()}) {
+            QEvent event(type);
+            QCoreApplication::sendEvent(view, &event);
+        }
+    };
+    tell(QEvent::WindowAboutToChangeInternal);
+    window->backingStore()->handle()->graphicsDeviceReportedLost();
+    tell(QEvent::WindowChangeInternal);
+    std::fill_n(picture.painter.cells.begin(), 8, testing::Light{0, 0, 1, 1});
+    picture.view->setNeedsDisplay();
+    EXPECT_TRUE(runUntil([&] { return picture.seen(2) == QColor(Qt::blue); }));
+    EXPECT_TRUE(second.isSeen());
+}
+
+TEST_F(GpuWindow, IsEmptyWhenTheDeviceRefusesThePipeline) {
+    const auto window = makeWindow();
+    GpuView view(window.get(), GpuDevice::systemDefault());
+    view.setGeometry(20, 20, 160, 80);
+    CellPainter painter(view, QStringLiteral("mismatched"));
+    view.setDelegate(&painter);
+    view.setPaused(false);
+    showActive(*window);
+    EXPECT_TRUE(runUntil([&] { return view.isEmpty(); }));
+    EXPECT_TRUE(runUntil([&] { return screenColor(*window, {100, 40}) == ground; }));
+    view.setDelegate(nullptr);
+}
+
+TEST_F(GpuWindow, ShowsTheGroundWithoutADelegate) {
+    const auto window = makeWindow();
+    GpuView view(window.get(), GpuDevice::systemDefault());
+    view.setGeometry(20, 20, 160, 80);
+    showActive(*window);
+    runFor(100);
+    EXPECT_EQ(screenColor(*window, {100, 40}), ground);
+    view.resize(100, 100);
+    runFor(100);
+    EXPECT_EQ(screenColor(*window, {100, 40}), ground);
+}
+
+} // namespace
+} // namespace platform
