@@ -44,8 +44,8 @@ class ReceiveOnMainThread final : public core::Stream<T> {
         Inner(core::MainQueue& mainQueue, std::function<void(const T&)> onValue,
               std::function<void()> onCompletion)
             : queue(mainQueue),
-              subscriber(
-                  std::make_shared<Subscriber>(std::move(onValue), std::move(onCompletion))) {}
+              subscriber(std::make_shared<Subscriber>(
+                  Subscriber{std::move(onValue), std::move(onCompletion)})) {}
 
         static void receive(const std::shared_ptr<Inner>& inner, const T& value) {
             if (inner->queue.isMainThread()) {

@@ -50,20 +50,25 @@ TEST(UIEventThrottler, RunsOnlyTheLastOfABurstAfterTheInterval) {
 TEST(WorkerTimerQueue, RunsTasksInTheOrderOfTheirTimesOnItsOwnThread) {
     WorkerTimerQueue timers;
     std::vector<int> order; // the worker's until it is done
+    std::binary_semaphore go(0);
     std::binary_semaphore done(0);
     std::thread::id thread;
     const auto start = std::chrono::steady_clock::now();
-    const auto last = timers.schedule(Seconds(0.06), [&] {
+    const auto last = timers.schedule(Seconds(0.2), [&] {
         thread = std::this_thread::get_id();
         done.release();
     });
-    const auto middle = timers.schedule(Seconds(0.03), [&] { order.push_back(2); });
-    const auto first = timers.schedule(Seconds(-1), [&] { order.push_back(1); });
-    auto cancelled = timers.schedule(Seconds(0.04), [&] { order.push_back(3); });
+    const auto first = timers.schedule(Seconds(-1), [&] {
+        go.acquire(); // so that the others are in line before their times, however slow this runs
+        order.push_back(1);
+    });
+    auto cancelled = timers.schedule(Seconds(0), [&] { order.push_back(3); });
+    const auto middle = timers.schedule(Seconds(0), [&] { order.push_back(2); });
     const auto never = timers.schedule(Seconds(1e300), [&] { order.push_back(4); });
     cancelled.cancel();
+    go.release();
     done.acquire();
-    EXPECT_GE(std::chrono::steady_clock::now() - start, 60ms);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 200ms);
     EXPECT_EQ(order, (std::vector{1, 2}));
     EXPECT_NE(thread, std::this_thread::get_id());
 }
@@ -151,6 +156,7 @@ TEST(ReceiveOnMainThread, KeepsTheOrderOfEachThreadWhileSubscribersComeAndGo) {
     });
     std::atomic<int> finished{0};
     std::vector<std::thread> threads;
+    threads.reserve(senders);
     for (int sender = 0; sender < senders; ++sender) {
         threads.emplace_back([&, sender] {
             for (int i = 0; i < count; ++i) {

@@ -2,6 +2,7 @@
 
 #include "platform/assets/asset_catalog.hpp"
 #include "platform/assets/image_painter.hpp"
+#include "platform/ui/accessible_role.hpp"
 
 #include <QPainter>
 
@@ -10,6 +11,7 @@ namespace platform {
 ImageView::ImageView(const ImageAsset* image, const QColor& tint, const QString& name,
                      QWidget* parent)
     : QWidget(parent), image_(image), tint_(tint) {
+    setAccessibleRole(*this, QAccessible::Graphic);
     setAccessibleName(name);
     setFixedSize(sizeHint());
 }

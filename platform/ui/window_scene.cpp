@@ -1,5 +1,6 @@
 #include "platform/ui/window_scene.hpp"
 
+#include "platform/ui/accessible_role.hpp"
 #include "platform/ui/glyph_button.hpp"
 
 #include <QApplication>
@@ -23,6 +24,7 @@ WindowScene::WindowScene(const QString& title, const QString& identifier, QSize 
       minimiseButton_(
           new GlyphButton(QStringLiteral("window-minimise"), tr("Minimize"), assets, this)),
       closeButton_(new GlyphButton(QStringLiteral("window-close"), tr("Close"), assets, this)) {
+    setAccessibleRole(*this, QAccessible::Window);
     setWindowTitle(title);
     setObjectName(identifier);
     setFixedSize(contentSize);
@@ -50,16 +52,14 @@ void WindowScene::setContent(QWidget* content) {
     content_->setParent(this);
     content_->setGeometry(rect());
     content_->lower();
-    // The content comes first with Tab, the window's own buttons last.
-    QWidget* last = nullptr;
-    for (QWidget* const child : content_->findChildren<QWidget*>()) {
-        last = (child->focusPolicy() & Qt::TabFocus) != 0 ? child : last;
+    // Tab goes round; it starts in the content and comes to the window's own buttons last.
+    for (QWidget* next = content_->nextInFocusChain(); content_->isAncestorOf(next);
+         next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) != 0) {
+            next->setFocus();
+            break;
+        }
     }
-    if (last != nullptr) {
-        setTabOrder(last, menuButton_);
-    }
-    setTabOrder(menuButton_, minimiseButton_);
-    setTabOrder(minimiseButton_, closeButton_);
 }
 
 void WindowScene::setMenu(QMenu* menu) {
