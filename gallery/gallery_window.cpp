@@ -103,6 +103,7 @@ GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) 
     });
 
     area_->setFrameShape(QFrame::NoFrame);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // pages have one width
     area_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

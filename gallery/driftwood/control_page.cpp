@@ -7,6 +7,8 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 namespace gallery {
 namespace {
 
@@ -42,7 +44,7 @@ struct Look {
 
 constexpr Look looks[] = {
     {"At rest", false, false, true},   {"Pressed", false, true, true},
-    {"Disabled", false, false, false}, {"Selected", true, false, true},
+    {"Disabled", false, false, false}, {"At rest", true, false, true},
     {"Pressed", true, true, true},     {"Disabled", true, false, false},
 };
 
@@ -74,7 +76,8 @@ QWidget* makeBoard(const ControlPage& page, bool canBeSelected) {
             continue;
         }
         grid->setColumnMinimumWidth(column, boardColumnWidth);
-        grid->addWidget(makeLabel(QString::fromLatin1(look.name), 11, "Grey 50%"), 1, column);
+        grid->addWidget(makeLabel(QString::fromLatin1(look.name), 11, "Grey 50%"), 1, column,
+                        Qt::AlignLeading);
         int row = 2;
         for (const StateValue state : page.states) {
             grid->addWidget(makeSpecimen(page, state, look), row++, column,
@@ -83,13 +86,15 @@ QWidget* makeBoard(const ControlPage& page, bool canBeSelected) {
         ++column;
     }
     if (canBeSelected) {
-        grid->addWidget(makeLabel(QStringLiteral("Not selected"), 11, "Grey 70%"), 0, 1, 1, 3);
-        grid->addWidget(makeLabel(QStringLiteral("Selected"), 11, "Grey 70%"), 0, 4, 1, 3);
+        grid->addWidget(makeLabel(QStringLiteral("Not selected"), 11, "Grey 70%"), 0, 1, 1, 3,
+                        Qt::AlignLeading);
+        grid->addWidget(makeLabel(QStringLiteral("Selected"), 11, "Grey 70%"), 0, 4, 1, 3,
+                        Qt::AlignLeading);
     }
     if (page.states.size() > 1) {
         int row = 2;
         for (const StateValue state : page.states) {
-            grid->addWidget(makeLabel(nameOf(state), 11, "Grey 50%"), row++, 0);
+            grid->addWidget(makeLabel(nameOf(state), 11, "Grey 50%"), row++, 0, Qt::AlignLeading);
         }
     } else {
         grid->setColumnMinimumWidth(0, 0);
@@ -101,7 +106,7 @@ QWidget* makeBoard(const ControlPage& page, bool canBeSelected) {
 /// Called whenever a check box of the page is clicked.
 class Switches final : public QWidget, public platform::ActionTarget {
   public:
-    Switches(CellButton& live, bool hasState) : live_(live) {
+    Switches(CellButton& live, const std::vector<StateValue>& states) : live_(live) {
         auto* const row = new QHBoxLayout(this);
         row->setContentsMargins(0, 0, 0, 0);
         row->setSpacing(24);
@@ -110,8 +115,11 @@ class Switches final : public QWidget, public platform::ActionTarget {
         if (selectable(live) != nullptr) {
             selected_ = add(*row, "Selected");
         }
-        if (hasState) {
+        const auto has = [&](StateValue state) { return std::ranges::count(states, state) > 0; };
+        if (has(StateValue::on)) {
             on_ = add(*row, "On");
+        }
+        if (has(StateValue::mixed)) {
             mixed_ = add(*row, "Mixed");
         }
         row->addStretch(1);
@@ -120,15 +128,15 @@ class Switches final : public QWidget, public platform::ActionTarget {
 
     /// After the control has changed by itself.
     void follow() {
-        if (on_ != nullptr) {
-            set(*on_, live_.state() == StateValue::on);
-            set(*mixed_, live_.state() == StateValue::mixed);
-        }
+        set(on_, live_.state() == StateValue::on);
+        set(mixed_, live_.state() == StateValue::mixed);
     }
 
   private:
-    static void set(driftwood::StyledCheckBox& box, bool isOn) {
-        box.setState(isOn ? StateValue::on : StateValue::off);
+    static void set(driftwood::StyledCheckBox* box, bool isOn) {
+        if (box != nullptr) {
+            box->setState(isOn ? StateValue::on : StateValue::off);
+        }
     }
     static bool isOn(const driftwood::StyledCheckBox* box) {
         return box != nullptr && box->state() == StateValue::on;
@@ -144,9 +152,9 @@ class Switches final : public QWidget, public platform::ActionTarget {
     void apply(platform::Control& sender) {
         // On and mixed exclude each other.
         if (&sender == on_ && isOn(on_)) {
-            set(*mixed_, false);
+            set(mixed_, false);
         } else if (&sender == mixed_ && isOn(mixed_)) {
-            set(*on_, false);
+            set(on_, false);
         }
         live_.setEnabled(isOn(enabled_));
         if (auto* const cell = selectable(live_)) {
@@ -172,9 +180,8 @@ class Stage final : public QWidget, public platform::ActionTarget {
         auto* const column = new QVBoxLayout(this);
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(16);
-        const bool hasState = page.states.size() > 1;
-        live_->setShowsState(hasState);
-        switches_ = new Switches(*live_, hasState);
+        live_->setShowsState(page.states.size() > 1);
+        switches_ = new Switches(*live_, page.states);
         auto* const row = new QHBoxLayout;
         row->setSpacing(24);
         row->addWidget(live_);
