@@ -14,6 +14,7 @@
 #include <QRawFont>
 #include <QTemporaryDir>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <gmock/gmock.h>
 
@@ -150,52 +151,211 @@ double contrast(const QColor& a, const QColor& b) {
     return std::max(x, y) / std::min(x, y);
 }
 
-class Bezels : public testing::TestWithParam<int> {
-  protected:
-    static QImage bezel(const QString& name) {
-        const auto drawings = drawingsOf("Driftwood_Driftwood", fonts);
-        const auto found = std::ranges::find(drawings, name, &Drawing::name);
-        EXPECT_NE(found, drawings.end());
-        return bake(*found, GetParam());
-    }
+Drawing kitDrawing(const QString& name) {
+    const auto drawings = drawingsOf("Driftwood_Driftwood", fonts);
+    const auto found = std::ranges::find(drawings, name, &Drawing::name);
+    EXPECT_NE(found, drawings.end()) << name.toStdString();
+    return found == drawings.end() ? square(name) : *found;
+}
 
-    /// The colour in the middle column, over the window's ground.
-    static QColor ground(const QImage& image, double y) {
-        QImage pixel(1, 1, QImage::Format_RGB32);
-        pixel.fill(color("Background/Normal"));
-        QPainter(&pixel).drawImage(-image.width() / 2, -static_cast<int>(y * GetParam()), image);
-        return pixel.pixelColor(0, 0);
-    }
+QImage onGround(const QImage& image, std::string_view ground) {
+    QImage result(image.size(), QImage::Format_RGB32);
+    result.fill(color(ground));
+    QPainter(&result).drawImage(0, 0, image);
+    return result;
+}
 
-    /// The least contrast of a label to any pixel it may stand on.
-    static double labelContrast(const QImage& image, const QColor& label) {
-        double least = 21;
-        for (double y = 4; y < 20; y += 1.0 / GetParam()) {
-            least = std::min(least, contrast(ground(image, y), label));
-        }
-        return least;
-    }
+constexpr std::array grounds{"background", "Background/Normal", "Background/Darker",
+                             "Background/Darkest"};
+
+/// Text on a bezel, in the colour it has in that state; `tint` is what the focus ring fills it
+/// with, at 30 %.
+struct Text {
+    const char* image;
+    const char* ink;
+    double least;
+    const char* tint = nullptr;
 };
 
-TEST_P(Bezels, CarryALegibleLabel) {
-    const double rest = labelContrast(bezel("dwk-button"), color("Grey 85%"));
-    const double down = labelContrast(bezel("dwk-button-down"), color("Grey 50%"));
-    EXPECT_GE(rest, 4.5);
-    EXPECT_GE(down, 3.0);
-    RecordProperty("rest", std::to_string(rest));
-    RecordProperty("down", std::to_string(down));
+constexpr double normal = 4.5;
+constexpr double pressed = 3;
+constexpr const char* focus = "Highlight/System";
+constexpr std::array texts{
+    Text{"dwk-button", "Grey 85%", normal},
+    Text{"dwk-button", "Grey 85%", normal, focus},
+    Text{"dwk-button-down", "Grey 50%", pressed, focus},
+    Text{"dwk-button-selected", "Grey 50%", normal},
+    Text{"dwk-button-selected", "Grey 50%", pressed, focus},
+    Text{"organiser-navbar-back", "Grey 85%", normal, focus},
+    Text{"organiser-navbar-back-down", "Grey 50%", pressed, focus},
+    Text{"corner-tool-background", "Grey 85%", normal, focus},
+    Text{"corner-tool-background-down", "Grey 50%", pressed, focus},
+    Text{"corner-tool-background-selected", "Grey 50%", normal},
+    Text{"dwk-popup", "Grey 85%", normal, focus},
+    Text{"dwk-popup-down", "Grey 50%", pressed, focus},
+    Text{"dwk-popup-tool", "Grey 85%", normal, focus},
+    Text{"dwk-popup-tool-down", "Grey 50%", pressed, focus},
+    Text{"dwk-popdown", "Grey 85%", normal, focus},
+    Text{"dwk-popdown-down", "Grey 50%", pressed, focus},
+    Text{"dwk-combobox", "Grey 85%", normal, focus},
+    Text{"dwk-textfield", "Grey 85%", normal},
+    Text{"dwk-textfield", "Grey 50%", normal}, // the placeholder
+    Text{"dwk-textfield-focus", "Grey 85%", normal, focus},
+    Text{"dwk-textfield-error", "Grey 100%", normal, "Error"},
+    Text{"dwk-textfield-tableheader", "Grey 85%", normal},
+    Text{"dwk-textfield-tableheader", "Grey 50%", normal},
+    Text{"dwk-searchfield", "Grey 50%", normal},
+    Text{"dwk-searchfield-focus", "Grey 85%", normal, focus},
+    Text{"dwk-window-tab", "Grey 70%", normal, focus},
+    Text{"dwk-window-tab-selected", "Grey 85%", normal, focus},
+    Text{"dwk-window-tab-down", "Grey 50%", pressed, focus},
+};
+
+class Bezels : public testing::TestWithParam<int> {};
+
+TEST_P(Bezels, CarryLegibleText) {
+    const int scale = GetParam();
+    for (const auto& [name, ink, least, tint] : texts) {
+        const auto drawing = kitDrawing(name);
+        const auto bezel = bake(drawing, scale);
+        double worst = 21;
+        for (const auto* ground : grounds) {
+            const auto image = onGround(bezel, ground);
+            // A line of 12 points in the middle, where the image stretches.
+            const int x = static_cast<int>(drawing.capInsets.left * scale);
+            const int middle = image.height() / 2;
+            for (int y = middle - 6 * scale; y < middle + 6 * scale; ++y) {
+                auto pixel = image.pixelColor(x, y);
+                if (tint != nullptr) {
+                    pixel = mixed(pixel, color(tint), 0.3);
+                }
+                worst = std::min(worst, contrast(pixel, color(ink)));
+            }
+        }
+        EXPECT_GE(worst, least) << name << (tint != nullptr ? ", focused" : "");
+        RecordProperty(std::string(name) + (tint != nullptr ? "_focused" : "_") + ink,
+                       std::to_string(worst));
+    }
 }
 
 TEST_P(Bezels, DifferInFormAndNotOnlyInColour) {
-    // At rest the upper edge catches the light; pressed in, it throws its shadow.
-    const auto rest = bezel("dwk-button");
-    EXPECT_GT(luminance(ground(rest, 1)), 1.3 * luminance(ground(rest, 4)));
-    const auto down = bezel("dwk-button-down");
-    EXPECT_LT(luminance(ground(down, 1)), 0.7 * luminance(ground(down, 12)));
-    EXPECT_LT(luminance(ground(down, 12)), 0.5 * luminance(ground(rest, 12)));
+    struct Pair {
+        const char* one;
+        const char* other;
+    };
+    for (const auto& [one, other] :
+         {Pair{"dwk-button", "dwk-button-down"},
+          Pair{"dwk-button", "dwk-button-selected"},
+          Pair{"dwk-button-down", "dwk-button-selected"},
+          Pair{"corner-tool-background", "corner-tool-background-selected"},
+          Pair{"corner-tool-background-down", "corner-tool-background-selected"},
+          Pair{"organiser-navbar-back", "organiser-navbar-back-down"},
+          Pair{"dwk-checkbox", "dwk-checkbox-on"},
+          Pair{"dwk-checkbox-on", "dwk-checkbox-mixed"},
+          Pair{"dwk-checkbox", "dwk-checkbox-down"},
+          Pair{"dwk-checkbox-on", "dwk-checkbox-on-down"},
+          Pair{"dwk-checkbox-mixed", "dwk-checkbox-mixed-down"},
+          Pair{"organiser-icon-star", "organiser-icon-star-empty"},
+          Pair{"dwk-popup", "dwk-popup-down"},
+          Pair{"dwk-popup", "dwk-popup-tool"},
+          Pair{"dwk-popup", "dwk-popdown"},
+          Pair{"dwk-popup-tool", "dwk-popup-tool-down"},
+          Pair{"dwk-combobox", "dwk-combobox-up"},
+          Pair{"dwk-textfield", "dwk-textfield-focus"},
+          Pair{"dwk-textfield-focus", "dwk-textfield-error"},
+          Pair{"dwk-slider", "dwk-slider-alley"},
+          Pair{"dwk-slider-handle", "dwk-slider-handle-down"},
+          Pair{"dwk-slider-handle", "dwk-slider-handle-multi"},
+          Pair{"dwk-customslider-handle", "dwk-customslider-handle-down"},
+          Pair{"dwk-window-tab", "dwk-window-tab-selected"},
+          Pair{"dwk-window-tab-selected", "dwk-window-tab-down"},
+          Pair{"organiser-icon-disclose", "organiser-icon-disclose-open"},
+          Pair{"properties-table-add", "properties-table-add-down"}}) {
+        const auto a = onGround(bake(kitDrawing(one), GetParam()), "Background/Normal");
+        const auto b = onGround(bake(kitDrawing(other), GetParam()), "Background/Normal");
+        ASSERT_EQ(a.size(), b.size()) << one << " and " << other << " would make a control jump";
+        int different = 0;
+        for (int y = 0; y < a.height(); ++y) {
+            for (int x = 0; x < a.width(); ++x) {
+                different += contrast(a.pixelColor(x, y), b.pixelColor(x, y)) > 1.25 ? 1 : 0;
+            }
+        }
+        const double share = static_cast<double>(different) / (a.width() * a.height());
+        EXPECT_GE(share, 0.03) << one << " and " << other << " look alike without colour";
+    }
+}
+
+TEST_P(Bezels, PatternsContinueAcrossTheirEdges) {
+    for (const auto* name : {"dwk-checkerboard", "dwk-checkerboard-small"}) {
+        const auto image = bake(kitDrawing(name), GetParam());
+        const int half = image.width() / 2;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const int acrossX = (x + half) % image.width();
+                const int acrossY = (y + half) % image.height();
+                ASSERT_EQ(image.pixel(x, y), image.pixel(acrossX, acrossY)) << name;
+                ASSERT_NE(image.pixel(x, y), image.pixel(acrossX, y)) << name;
+            }
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, Bezels, testing::Values(1, 2, 3));
+
+TEST(Knobs, TurnThroughTheirSweepUnderALightThatStays) {
+    struct Strip {
+        const char* prefix;
+        QPointF axis;
+        double face; ///< the radius within the cap's rim, where the indicator is the brightest
+    };
+    constexpr QPointF mediumAxis(34, 37);
+    const auto all = drawingsOf("Fernhorn_Fernhorn", fonts);
+    for (const auto& [prefix, axis, face] :
+         {Strip{"chaos-dial-grey_", {28, 29}, 16.5}, Strip{"dial-medium-blue-", mediumAxis, 16.5},
+          Strip{"dial-medium-yellow-", mediumAxis, 16.5},
+          Strip{"dial-medium-red-", mediumAxis, 16.5},
+          Strip{"dial-medium-purple-", mediumAxis, 16.5},
+          Strip{"dial-small-grey-", {17, 17.5}, 9.5}}) {
+        for (int frame = 1; frame <= 51; ++frame) {
+            const auto name =
+                QStringLiteral("knobs/%1%2").arg(prefix).arg(frame, 2, 10, QChar('0'));
+            SCOPED_TRACE(name.toStdString());
+            const auto found = std::ranges::find(all, name, &Drawing::name);
+            ASSERT_NE(found, all.end());
+            const auto image = onGround(bake(*found, 1), "background");
+            QPointF pull;
+            double upperLeft = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const auto from = QPointF(x + 0.5, y + 0.5) - axis;
+                    const double here = luminance(image.pixelColor(x, y));
+                    if (std::hypot(from.x(), from.y()) > face) {
+                        continue;
+                    }
+                    if (here > 0.15) {
+                        pull += from * here;
+                    } else {
+                        upperLeft -= here * (from.x() + from.y());
+                    }
+                }
+            }
+            const double angle = std::atan2(pull.x(), -pull.y()) * 180 / 3.14159265;
+            EXPECT_NEAR(angle, -135 + 5.4 * (frame - 1), 2.5);
+            EXPECT_GT(upperLeft, 0) << "the light has moved";
+        }
+    }
+}
+
+TEST(Palette, SetsApartTextSelectionAndFocus) {
+    for (const auto* ground : grounds) {
+        EXPECT_GE(contrast(color("Highlight/System"), color(ground)), 3.0) << ground;
+        EXPECT_GE(contrast(color("Error"), color(ground)), 3.0) << ground;
+        EXPECT_GE(contrast(color("Grey 60%"), color(ground)), 4.5) << "a label on " << ground;
+    }
+    EXPECT_GE(contrast(color("Grey 100%"), color("Highlight/System")), 4.5);
+    EXPECT_GE(contrast(color("Grey 100%"), color("Error")), 4.5);
+    EXPECT_GE(contrast(color("Grey 50%"), color("Background/Darker")), 4.5) << "a group's row";
+}
 
 TEST(Palette, ButtonTextIsLegibleOnTheGround) {
     EXPECT_GE(contrast(color("buttonText"), color("background")), 7.0);

@@ -27,7 +27,9 @@ int main(int argc, char** argv) {
     parser.addOptions({{"bundle", "The bundle to draw.", "name"},
                        {"fonts", "The folder of the made typefaces.", "folder"},
                        {"output", "The folder of the bundle to write.", "folder"},
-                       {"sheet", "Writes all images on one sheet instead.", "file"}});
+                       {"sheet", "Writes all images on one sheet instead.", "file"},
+                       {"scale", "On the sheet: this scale only.", "scale"},
+                       {"ground", "On the sheet: the colour behind.", "name"}});
     parser.process(application);
     if (!parser.isSet("bundle") || !parser.isSet("fonts") ||
         parser.isSet("output") == parser.isSet("sheet")) {
@@ -37,7 +39,14 @@ int main(int argc, char** argv) {
     const auto fonts = parser.value("fonts");
     const auto drawings = artwork::drawingsOf(bundle, fonts);
     if (parser.isSet("sheet")) {
-        const auto sheet = artwork::contactSheet(drawings, fonts);
+        artwork::SheetOptions options;
+        if (parser.isSet("scale")) {
+            options.scales = {parser.value("scale").toInt()};
+        }
+        if (parser.isSet("ground")) {
+            options.ground = parser.value("ground");
+        }
+        const auto sheet = artwork::contactSheet(drawings, fonts, options);
         return sheet.save(parser.value("sheet")) ? 0 : fail("the sheet cannot be written");
     }
     const auto error = artwork::writeBundle(bundle, drawings, parser.value("output"));

@@ -8,6 +8,14 @@ std::vector<Drawing> allDrawings(const QString& fonts) {
     addWindowControls(drawings);
     addLogo(drawings, fonts);
     addButtons(drawings);
+    addCheckBoxes(drawings);
+    addMenus(drawings);
+    addFields(drawings);
+    addSliders(drawings);
+    addTabs(drawings);
+    addTables(drawings);
+    addCursors(drawings);
+    addKnobs(drawings);
     return drawings;
 }
 

@@ -37,23 +37,42 @@ void label(QPainter& painter, const QString& text, const QString& fonts, QPointF
     painter.fillPath(outline.path.translated(origin), color);
 }
 
-std::vector<QImage> versions(const Drawing& drawing, const QString& fonts) {
+/// The colour of a label by the state in which the image is shown.
+QColor inkFor(const QString& name) {
+    const bool pressed = name.endsWith("-down");
+    const bool on = name.endsWith("-selected") && !name.startsWith("dwk-window-tab");
+    return color(pressed || on ? "Grey 50%" : "Grey 85%");
+}
+
+QImage area(const QImage& image, int scale) {
+    QImage result(80 * scale, 24 * scale, QImage::Format_ARGB32_Premultiplied);
+    QPainter(&result).fillRect(result.rect(), QBrush(image));
+    return result;
+}
+
+std::vector<QImage> versions(const Drawing& drawing, const QString& fonts,
+                             const std::vector<int>& scales) {
     std::vector<QImage> images;
     for (const int scale : drawing.scales) {
+        if (std::ranges::find(scales, scale) == scales.end()) {
+            continue;
+        }
         auto image = bake(drawing, scale);
         if (drawing.isTemplate) {
             image = Mask::ofAlpha(image).tinted(color("Grey 85%"));
         }
         images.push_back(image);
-        if (drawing.resizing != Resizing::none) {
+        if (drawing.resizing == Resizing::tile) {
+            images.push_back(area(image, scale));
+        } else if (drawing.resizing == Resizing::stretch) {
             auto wide = widened(image, drawing, scale);
-            QPainter painter(&wide);
-            painter.setRenderHint(QPainter::Antialiasing);
-            const bool pressed = drawing.name.endsWith("-down");
-            label(painter, pressed ? "Pressed" : "Help", fonts,
-                  {wide.width() / 2.0, wide.height() / 2.0 - scale * 0.5}, 12.5 * scale,
-                  color(pressed ? "Grey 50%" : "Grey 85%"));
-            painter.end();
+            if (drawing.size.height >= 20) {
+                QPainter painter(&wide);
+                painter.setRenderHint(QPainter::Antialiasing);
+                label(painter, "Label", fonts,
+                      {wide.width() / 2.0, wide.height() / 2.0 - scale * 0.5}, 12.5 * scale,
+                      inkFor(drawing.name));
+            }
             images.push_back(wide);
         }
     }
@@ -62,9 +81,10 @@ std::vector<QImage> versions(const Drawing& drawing, const QString& fonts) {
 
 } // namespace
 
-QImage contactSheet(const std::vector<Drawing>& drawings, const QString& fonts) {
+QImage contactSheet(const std::vector<Drawing>& drawings, const QString& fonts,
+                    const SheetOptions& options) {
     QImage sheet(sheetWidth, 8000, QImage::Format_RGB32);
-    sheet.fill(color("background"));
+    sheet.fill(color(options.ground.toStdString()));
     QPainter painter(&sheet);
     painter.setRenderHint(QPainter::Antialiasing);
     const auto font = fonts + "/FennickRounded-Medium.ttf";
@@ -76,7 +96,7 @@ QImage contactSheet(const std::vector<Drawing>& drawings, const QString& fonts) 
         const auto name = outlineOf(drawing.name, font, 11);
         int width = 0;
         int height = 0;
-        const auto images = versions(drawing, fonts);
+        const auto images = versions(drawing, fonts, options.scales);
         for (const auto& image : images) {
             width += image.width() + margin / 2;
             height = std::max(height, image.height());

@@ -69,6 +69,12 @@ void hollowShadow(Canvas& canvas, const QPainterPath& shape, double depth, doubl
                  QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity)));
 }
 
+void hollowLight(Canvas& canvas, const QPainterPath& shape, double width, double opacity) {
+    const auto rest = canvas.mask(shape.translated(-lightDirection * width));
+    canvas.paint(canvas.mask(shape) * rest.inverted(),
+                 QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity)));
+}
+
 void seam(Canvas& canvas, const QPainterPath& shape, double width, const QColor& color) {
     auto& painter = canvas.painter();
     painter.save();

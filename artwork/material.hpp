@@ -26,6 +26,9 @@ void rimShade(Canvas& canvas, const QPainterPath& shape, double width, double op
 /// The shadow that the upper left edge of a hollow `depth` points deep throws into it.
 void hollowShadow(Canvas& canvas, const QPainterPath& shape, double depth, double opacity);
 
+/// The thin light on the lower right edge of a hollow, which faces the light.
+void hollowLight(Canvas& canvas, const QPainterPath& shape, double width, double opacity);
+
 /// A line just inside the edge, for the seam between two materials.
 void seam(Canvas& canvas, const QPainterPath& shape, double width, const QColor& color);
 

@@ -12,10 +12,18 @@ namespace {
 
 constexpr std::string_view application = "Larkvox";
 constexpr std::string_view driftwood = "Driftwood_Driftwood";
+constexpr std::string_view fernhorn = "Fernhorn_Fernhorn";
 
 constexpr std::array colors{
     NamedColor{application, "background", 0xff15111f},
     NamedColor{application, "buttonText", 0xffd8d6dc},
+
+    NamedColor{fernhorn, "pluginGrey", 0xffb2b0b6},
+    NamedColor{fernhorn, "pluginBlue", 0xff4a7dff},
+    NamedColor{fernhorn, "pluginYellow", 0xffffd35c},
+    NamedColor{fernhorn, "pluginRed", 0xffff4d6a},
+    NamedColor{fernhorn, "pluginPurple", 0xff9a5cff},
+    NamedColor{fernhorn, "tinyDialLabel", 0xff98969d},
 
     NamedColor{driftwood, "Background/Darkest", 0xff18161d},
     NamedColor{driftwood, "Background/Darker", 0xff211f27},
@@ -29,7 +37,7 @@ constexpr std::array colors{
     NamedColor{driftwood, "Grey 85%", 0xffd8d6dc},
     NamedColor{driftwood, "Grey 100%", 0xffffffff},
     NamedColor{driftwood, "Highlight/System", 0xff7761dd},
-    NamedColor{driftwood, "Error", 0xffc8324a},
+    NamedColor{driftwood, "Error", 0xffd8364f},
     NamedColor{driftwood, "Kestrel/Aqua", 0xff3fd0c9},
     NamedColor{driftwood, "Kestrel/Blue", 0xff4a7dff},
     NamedColor{driftwood, "Kestrel/DarkPurple", 0xff2b1d4a},

@@ -87,6 +87,7 @@ void MainQueue::wakeIfAsleep() noexcept {
 }
 
 void MainQueue::setWaker(Waker* waker) {
+    mainThread_.store(std::this_thread::get_id(), std::memory_order_relaxed);
     waker_.store(waker, std::memory_order_release);
     if (waker != nullptr && hasWork()) {
         isAwake_.store(true, std::memory_order_seq_cst);
@@ -151,6 +152,7 @@ bool MainQueue::runNext() {
 }
 
 bool MainQueue::drain(std::size_t budget) {
+    mainThread_.store(std::this_thread::get_id(), std::memory_order_relaxed);
     isAwake_.store(true, std::memory_order_relaxed);
     for (;;) {
         while (budget > 0 && runNext()) {

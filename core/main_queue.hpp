@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <new>
+#include <thread>
 #include <type_traits>
 #include <utility>
 
@@ -144,6 +145,12 @@ class MainQueue {
     /// to outlive the last post. Main thread.
     void setWaker(Waker* waker);
 
+    /// True on the thread that drained the queue last or set its waker; false everywhere before
+    /// that. Any thread.
+    [[nodiscard]] bool isMainThread() const noexcept {
+        return mainThread_.load(std::memory_order_relaxed) == std::this_thread::get_id();
+    }
+
     [[nodiscard]] std::size_t capacity() const { return mask_ + 1; }
 
   private:
@@ -199,6 +206,7 @@ class MainQueue {
     alignas(cacheLine) std::atomic<Mergeable*> overflow_{nullptr}; // newest first
     alignas(cacheLine) std::atomic<bool> isAwake_{false};
     std::atomic<Waker*> waker_{nullptr};
+    std::atomic<std::thread::id> mainThread_{};
 
     // The main thread's own.
     alignas(cacheLine) std::size_t dequeuePosition_ = 0;

@@ -13,8 +13,8 @@ namespace {
 class LocaleFromEnvironment final : public testing::Environment {
   public:
     void SetUp() override {
-        std::setlocale(LC_ALL, "");
-        if (std::getenv("LARKVOX_EXPECT_COMMA") != nullptr) { // NOLINT: one thread so far
+        std::setlocale(LC_ALL, "");                           // NOLINT: one thread so far
+        if (std::getenv("LARKVOX_EXPECT_COMMA") != nullptr) { // NOLINT: likewise
             std::array<char, 8> text{};
             std::snprintf(text.data(), text.size(), "%.1f", 0.5);
             ASSERT_STREQ(text.data(), "0,5") << "the locale has not been generated";

@@ -35,7 +35,8 @@ class Pin final : public QObject {
         const double right = isMirrored ? insets_.left : insets_.right;
         const QRectF area =
             QRectF(superview_.rect()).adjusted(left, insets_.top, -right, -insets_.bottom);
-        view_.setGeometry(area.toRect());
+        const QRect place = area.toRect();
+        view_.setGeometry({place.topLeft(), place.size().expandedTo(QSize(0, 0))});
     }
 
     QWidget& view_;

@@ -1,49 +1,107 @@
 #include "artwork/catalogue.hpp"
-#include "artwork/material.hpp"
 #include "artwork/palette.hpp"
+#include "artwork/parts.hpp"
 
 namespace artwork {
 
 namespace {
 
-constexpr double height = 24;
-constexpr double cap = 8;
-constexpr double radius = 3.5;
-constexpr double width = 2 * cap + 4;
+constexpr core::Size size{24, 24};
+constexpr core::EdgeInsets caps{8, 10, 8, 10};
 
 /// Leaves a point around the body, and one more below it, for the shadow where it stands.
-QRectF bodyRect() {
-    return {1, 1, width - 2, height - 3};
+QPainterPath body() {
+    return material::roundedRect({1, 1, size.width - 2, size.height - 3}, 3.5);
 }
 
 void drawRest(Canvas& canvas) {
-    const auto shape = material::roundedRect(bodyRect(), radius);
-    material::castShadow(canvas, shape, 1.2, 0.75);
-    material::body(canvas, shape, color("Grey 30%"), color("Grey 20%"));
-    material::rimShade(canvas, shape, canvas.lineWidth(0.7), 0.3);
-    material::rimLight(canvas, shape, canvas.lineWidth(0.7), 0.2);
+    parts::raised(canvas, body(), parts::grey());
 }
 
 void drawPressed(Canvas& canvas) {
-    const auto shape = material::roundedRect(bodyRect(), radius);
-    material::body(canvas, shape, color("Background/Darkest"), color("Background/Darker"));
-    material::hollowShadow(canvas, shape, 2.5, 0.6);
-    material::seam(canvas, shape, canvas.pixel(), QColor(0, 0, 0, 130));
+    parts::sunk(canvas, body());
+}
+
+/// Latched: sunk like a pressed one, and lit by a lamp along its lower edge. A rim all around
+/// would say that it has the focus.
+void drawOn(Canvas& canvas, const QPainterPath& shape, const QRectF& lamp) {
+    const auto dark = color("Background/Darkest"); // leaves the lamp's glow room under grey text
+    parts::sunk(canvas, shape, 1.8, {dark, dark});
+    parts::lamp(canvas, lamp, shape, 0.42);
+}
+
+// The back button points to where it leads.
+
+constexpr core::Size backSize{36, 32};
+
+QPainterPath arrowBody() {
+    constexpr double left = 5;
+    constexpr double top = 6;
+    constexpr double right = backSize.width - 4;
+    constexpr double bottom = backSize.height - 4;
+    constexpr double middle = (top + bottom) / 2;
+    constexpr double shoulder = left + 9;
+    QPainterPath path;
+    path.moveTo(right - 3.5, top);
+    path.quadTo(right, top, right, top + 3.5);
+    path.lineTo(right, bottom - 3.5);
+    path.quadTo(right, bottom, right - 3.5, bottom);
+    path.lineTo(shoulder + 2, bottom);
+    path.cubicTo(shoulder, bottom, shoulder - 1, bottom - 0.6, shoulder - 2, bottom - 2);
+    path.lineTo(left + 0.6, middle + 1.6);
+    path.quadTo(left - 0.4, middle, left + 0.6, middle - 1.6);
+    path.lineTo(shoulder - 2, top + 2);
+    path.cubicTo(shoulder - 1, top + 0.6, shoulder, top, shoulder + 2, top);
+    path.closeSubpath();
+    return path;
+}
+
+// Tools: quiet squares beside the canvas; the corner mark says that more lies behind one.
+
+constexpr core::Size toolSize{32, 32};
+constexpr core::EdgeInsets toolCaps{12, 15, 12, 15};
+
+QPainterPath toolBody() {
+    return material::roundedRect({1, 1, toolSize.width - 2, toolSize.height - 3}, 4);
+}
+
+void drawToolMore(Canvas& canvas) {
+    QPainterPath mark;
+    mark.moveTo(28, 22.5);
+    mark.lineTo(28, 27);
+    mark.lineTo(23.5, 27);
+    mark.closeSubpath();
+    canvas.fill(mark.translated(0, 0.6), QColor(0, 0, 0, 110));
+    canvas.fill(mark, color("Grey 70%"));
 }
 
 } // namespace
 
 void addButtons(std::vector<Drawing>& drawings) {
-    const auto add = [&](const char* name, void (*draw)(Canvas&)) {
-        drawings.push_back({.bundle = "Driftwood_Driftwood",
-                            .name = name,
-                            .size = {width, height},
-                            .capInsets = {cap, cap, cap, cap},
-                            .resizing = Resizing::stretch,
-                            .draw = draw});
-    };
-    add("dwk-button", drawRest);
-    add("dwk-button-down", drawPressed);
+    drawings.push_back(parts::sliced("dwk-button", size, caps, drawRest));
+    drawings.push_back(parts::sliced("dwk-button-down", size, caps, drawPressed));
+    drawings.push_back(parts::sliced("dwk-button-selected", size, caps, [](Canvas& canvas) {
+        drawOn(canvas, body(), {5, 19, size.width - 10, 1.5});
+    }));
+
+    constexpr core::EdgeInsets backCaps{12, 20, 10, 12};
+    drawings.push_back(
+        parts::sliced("organiser-navbar-back", backSize, backCaps,
+                      [](Canvas& canvas) { parts::raised(canvas, arrowBody(), parts::grey()); }));
+    drawings.push_back(parts::sliced("organiser-navbar-back-down", backSize, backCaps,
+                                     [](Canvas& canvas) { parts::sunk(canvas, arrowBody()); }));
+
+    drawings.push_back(
+        parts::sliced("corner-tool-background", toolSize, toolCaps, [](Canvas& canvas) {
+            parts::raised(canvas, toolBody(), parts::quiet(), 0.8);
+        }));
+    drawings.push_back(parts::sliced("corner-tool-background-down", toolSize, toolCaps,
+                                     [](Canvas& canvas) { parts::sunk(canvas, toolBody(), 3); }));
+    drawings.push_back(
+        parts::sliced("corner-tool-background-selected", toolSize, toolCaps, [](Canvas& canvas) {
+            drawOn(canvas, toolBody(), {10, 25, toolSize.width - 20, 2});
+        }));
+    drawings.push_back(parts::sliced("corner-tool-more", toolSize, toolCaps, drawToolMore));
 }
 
 } // namespace artwork

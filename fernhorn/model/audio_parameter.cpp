@@ -45,6 +45,17 @@ bool hasAny(const auto& list) {
     return list && !list->empty();
 }
 
+std::shared_ptr<platform::AUParameter>
+makeUnitSide(platform::AUParameterAddress address, std::string identifier, std::string name,
+             AudioUnitParameterUnit units, ValueRange range,
+             std::optional<std::vector<std::string>> valueStrings,
+             std::optional<std::vector<platform::AUParameterAddress>> dependents) {
+    const auto flags = flagsFor(units, hasAny(valueStrings), hasAny(dependents));
+    return platform::AUParameterTree::createParameter(
+        std::move(identifier), std::move(name), address, range.lower, range.upper, units,
+        std::string(unitSuffix(units)), flags, std::move(valueStrings), std::move(dependents));
+}
+
 } // namespace
 
 std::string_view unitSuffix(AudioUnitParameterUnit unit) {
@@ -73,11 +84,8 @@ AudioParameter::AudioParameter(
       pending_(*this),
       queue_(queue),
       hostTime_(hostTime),
-      auParameter_(platform::AUParameterTree::createParameter(
-          std::move(identifier), std::move(name), address, valueRange.lower, valueRange.upper,
-          units, std::string(unitSuffix(units)),
-          flagsFor(units, hasAny(valueStrings), hasAny(dependentParameterAddresses)), valueStrings,
-          dependentParameterAddresses)),
+      auParameter_(makeUnitSide(address, std::move(identifier), std::move(name), units, valueRange,
+                                std::move(valueStrings), std::move(dependentParameterAddresses))),
       defaultValue_(defaultValue) {
     auParameter_->setValue(defaultValue);
 }

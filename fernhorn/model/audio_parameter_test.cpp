@@ -82,8 +82,8 @@ TEST_F(AudioParameterTest, BringsValuesIntoTheRangeBeforeAnythingElse) {
         EXPECT_EQ(parameter->value(), stored) << set;
         EXPECT_EQ(parameter->auParameter()->value(), stored) << set;
     }
-    EXPECT_DEATH((TestParameter{.range = {nan, nan}}.on(queue)), "range are NaN");
-    EXPECT_DEATH((TestParameter{.range = {1, 0}}.on(queue)), "wrong order");
+    EXPECT_DEATH((void)(TestParameter{.range = {nan, nan}}.on(queue)), "range are NaN");
+    EXPECT_DEATH((void)(TestParameter{.range = {1, 0}}.on(queue)), "wrong order");
 }
 
 TEST_F(AudioParameterTest, WritesTheUnitAtOnceAndShowsTheValueLater) {

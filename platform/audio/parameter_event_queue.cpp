@@ -36,12 +36,28 @@ bool ParameterEventQueue::isLater(const Waiting& one, const Waiting& other) noex
     return one.position > other.position;
 }
 
+namespace {
+
+// Differences of sample times are taken unsigned, where they cannot overflow: events that are due
+// at once lie at the very end of the numbers.
+std::uint64_t framesBetween(AUEventSampleTime start, AUEventSampleTime time) {
+    return static_cast<std::uint64_t>(time) - static_cast<std::uint64_t>(start);
+}
+
+} // namespace
+
 bool ParameterEventQueue::isDue(const AUParameterEvent& event, AUEventSampleTime blockStart,
                                 AUAudioFrameCount frameCount) noexcept {
-    // The difference is taken unsigned, where it cannot overflow.
-    return event.eventSampleTime < blockStart || static_cast<std::uint64_t>(event.eventSampleTime) -
-                                                         static_cast<std::uint64_t>(blockStart) <
-                                                     frameCount;
+    return event.eventSampleTime < blockStart ||
+           framesBetween(blockStart, event.eventSampleTime) < frameCount;
+}
+
+AUAudioFrameCount ParameterEventQueue::offsetIn(const AUParameterEvent& event,
+                                                AUEventSampleTime blockStart) noexcept {
+    if (event.eventSampleTime <= blockStart) {
+        return 0;
+    }
+    return static_cast<AUAudioFrameCount>(framesBetween(blockStart, event.eventSampleTime));
 }
 
 void ParameterEventQueue::collect() noexcept {

@@ -41,10 +41,7 @@ class ParameterEventQueue {
         collect();
         while (!waiting_.empty() && isDue(waiting_.front().event, blockStart, frameCount)) {
             const AUParameterEvent event = takeFirst();
-            const bool isLate = event.eventSampleTime <= blockStart;
-            apply(event, isLate
-                             ? AUAudioFrameCount{0}
-                             : static_cast<AUAudioFrameCount>(event.eventSampleTime - blockStart));
+            apply(event, offsetIn(event, blockStart));
         }
     }
 
@@ -61,6 +58,8 @@ class ParameterEventQueue {
     static bool isLater(const Waiting& one, const Waiting& other) noexcept;
     static bool isDue(const AUParameterEvent& event, AUEventSampleTime blockStart,
                       AUAudioFrameCount frameCount) noexcept;
+    static AUAudioFrameCount offsetIn(const AUParameterEvent& event,
+                                      AUEventSampleTime blockStart) noexcept;
     void collect() noexcept;
     AUParameterEvent takeFirst() noexcept;
 

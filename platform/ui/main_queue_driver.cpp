@@ -44,6 +44,9 @@ MainQueueDriver::MainQueueDriver(core::MainQueue& queue)
         wake_.reset();
         drain();
     });
+    again_.setSingleShot(true);
+    again_.setTimerType(Qt::PreciseTimer);
+    connect(&again_, &QTimer::timeout, this, &MainQueueDriver::drain);
     QCoreApplication::instance()->installEventFilter(this);
     // A task that runs an event loop of its own, such as a dialog's, must not hold up the others:
     // while it runs nobody wakes us.
@@ -70,8 +73,15 @@ bool MainQueueDriver::eventFilter(QObject* object, QEvent* event) {
 
 void MainQueueDriver::drain() {
     const bool wasDraining = std::exchange(isDraining_, true);
-    if (queue_.drain(budget)) {
+    switch (queue_.pump(budget)) {
+    case core::MainQueue::Next::now:
         wake_.wake(); // the rest after the events that wait
+        break;
+    case core::MainQueue::Next::soon:
+        again_.start(core::MainQueue::pumpInterval);
+        break;
+    case core::MainQueue::Next::whenWoken:
+        break;
     }
     isDraining_ = wasDraining;
 }

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
 
 namespace platform {
 
@@ -30,6 +31,7 @@ class MainQueueDriver final : public QObject {
     core::MainQueue& queue_;
     WakeDescriptor wake_;
     QSocketNotifier notifier_;
+    QTimer again_; // after a burst, before the queue goes to sleep
     bool isDraining_ = false;
 };
 

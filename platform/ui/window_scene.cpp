@@ -52,16 +52,14 @@ void WindowScene::setContent(QWidget* content) {
     content_->setParent(this);
     content_->setGeometry(rect());
     content_->lower();
-    // The content comes first with Tab, the window's own buttons last.
-    QWidget* last = nullptr;
-    for (QWidget* const child : content_->findChildren<QWidget*>()) {
-        last = (child->focusPolicy() & Qt::TabFocus) != 0 ? child : last;
+    // Tab goes round; it starts in the content and comes to the window's own buttons last.
+    for (QWidget* next = content_->nextInFocusChain(); content_->isAncestorOf(next);
+         next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) != 0) {
+            next->setFocus();
+            break;
+        }
     }
-    if (last != nullptr) {
-        setTabOrder(last, menuButton_);
-    }
-    setTabOrder(menuButton_, minimiseButton_);
-    setTabOrder(minimiseButton_, closeButton_);
 }
 
 void WindowScene::setMenu(QMenu* menu) {

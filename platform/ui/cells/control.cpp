@@ -4,6 +4,10 @@
 
 namespace platform {
 
+Control::~Control() {
+    retire(); // the associated objects go next, and must not come back to what is left of this
+}
+
 void Control::setAction(Action action, ActionTarget& target) {
     action_ = std::move(action);
     target_ = target.weakTarget();

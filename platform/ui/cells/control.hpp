@@ -23,6 +23,10 @@ class ActionTarget {
     /// keep the object alive.
     [[nodiscard]] std::weak_ptr<ActionTarget> weakTarget() const { return self_; }
 
+  protected:
+    /// From now on nobody finds the object any more: for the start of a destructor.
+    void retire() { self_.reset(); }
+
   private:
     std::shared_ptr<ActionTarget> self_{this, [](ActionTarget*) {}};
 };
@@ -31,6 +35,8 @@ class ActionTarget {
 /// this beside its widget class. Main thread.
 class Control : public ActionTarget {
   public:
+    ~Control() override;
+
     using Action = std::function<void(ActionTarget& target, Control& sender)>;
 
     /// Sets both at once, in place of what was there. An empty action is sent to nobody.

@@ -1,0 +1,137 @@
+#include "platform/gpu/gpu_error.hpp"
+#include "shaders/metal_shader_renderer.hpp"
+#include "shaders/renderer_error.hpp"
+
+#include <gtest/gtest.h>
+
+namespace kestrel {
+namespace {
+
+using core::Seconds;
+
+const QString vertexName = QStringLiteral("audioWaveformVertexShader");
+const QString fragmentName = QStringLiteral("audioWaveformFragmentShader");
+
+/// A renderer on a device that draws nothing.
+struct Scene {
+    core::ManualClock clock;
+    platform::GpuView view{nullptr, platform::GpuDevice::headless(platform::GpuApi::null)};
+    MetalShaderRenderer renderer{view,  QStringLiteral("Main"),       vertexName, fragmentName,
+                                 clock, [] { return 4'000'000'000U; }};
+};
+
+TEST(MetalShaderRenderer, TakesFinishedPausesOffTheTime) {
+    struct Step {
+        double at;
+        enum { pause, resume } action;
+    };
+    struct Case {
+        const char* name;
+        std::vector<Step> steps;
+        double at;
+        float time;
+    };
+    for (const Case& test : std::vector<Case>{
+             {"one pause", {{10, Step::pause}, {15, Step::resume}}, 16, 11},
+             {"a second pause forgets the first",
+              {{10, Step::pause}, {12, Step::pause}, {15, Step::resume}},
+              16,
+              13},
+             {"resume without a pause", {{3, Step::resume}, {4, Step::resume}}, 16, 16},
+             {"a pause is taken off once",
+              {{10, Step::pause}, {15, Step::resume}, {15.5, Step::resume}},
+              16,
+              11},
+             {"pauses add up",
+              {{1, Step::pause}, {2, Step::resume}, {5, Step::pause}, {9, Step::resume}},
+              16,
+              11},
+             {"the time goes on while it pauses", {{10, Step::pause}}, 12, 12}}) {
+        Scene scene;
+        for (const Step& step : test.steps) {
+            scene.clock.set(Seconds(step.at));
+            step.action == Step::pause ? scene.renderer.pause() : scene.renderer.resume();
+            EXPECT_EQ(scene.renderer.pauseTime.has_value(), step.action == Step::pause);
+        }
+        scene.clock.set(Seconds(test.at));
+        EXPECT_FLOAT_EQ(scene.renderer.time(), test.time) << test.name;
+    }
+}
+
+TEST(MetalShaderRenderer, KnowsItsInputs) {
+    Scene scene;
+    EXPECT_EQ(scene.renderer.seed(), 4'000'000'000U);
+    EXPECT_EQ(scene.renderer.name(), QStringLiteral("Main"));
+    EXPECT_EQ(&scene.renderer.device(), scene.view.device().get());
+    EXPECT_NE(systemRandom(), systemRandom());
+
+    scene.view.setDelegate(&scene.renderer);
+    const auto scale = static_cast<float>(scene.view.devicePixelRatio());
+    for (const QSize size : {QSize(400, 300), QSize(10, 700), QSize(400, 300)}) {
+        scene.view.resize(size);
+        ASSERT_TRUE(scene.view.drawNow());
+        const QuadRenderer::ViewSize pixels{static_cast<float>(size.width()) * scale,
+                                            static_cast<float>(size.height()) * scale};
+        EXPECT_EQ(scene.renderer.viewSize(), pixels);
+        EXPECT_EQ(scene.renderer.viewport(),
+                  (platform::Viewport{0, 0, double(pixels[0]), double(pixels[1]), 0, 1}));
+    }
+    EXPECT_EQ(scene.view.commandBufferLabel(), "Main Command Buffer");
+    scene.view.setDelegate(nullptr);
+}
+
+TEST(MetalShaderRenderer, TellsWhyItCannotBeMade) {
+    platform::GpuView empty(nullptr, nullptr);
+    try {
+        const MetalShaderRenderer renderer(empty, {}, vertexName, fragmentName);
+        FAIL();
+    } catch (const RendererError& error) {
+        EXPECT_EQ(error.error(), RendererError::Case::noValidDevice);
+        EXPECT_EQ(error.localizedDescription(), QStringLiteral("No valid metal device"));
+    }
+    platform::GpuView view(nullptr, platform::GpuDevice::headless(platform::GpuApi::null));
+    const QString none = QStringLiteral("none");
+    for (const auto& [vertex, fragment] :
+         {std::pair(none, fragmentName), std::pair(vertexName, none),
+          std::pair(fragmentName, vertexName), std::pair(vertexName, QString())}) {
+        EXPECT_THROW(MetalShaderRenderer(view, {}, vertex, fragment), platform::GpuError);
+    }
+}
+
+// The picture follows from size, seed and time and from nothing else.
+TEST(MetalShaderRenderer, DrawsTheWaveform) {
+    core::ManualClock clock;
+    const auto device = platform::GpuDevice::headless(platform::GpuApi::openGL);
+    ASSERT_NE(device, nullptr);
+    const auto picture = [&](std::uint32_t seed, double time) {
+        clock.set(Seconds(0));
+        platform::GpuView view(nullptr, device);
+        view.resize(200, 150);
+        MetalShaderRenderer renderer(view, {}, vertexName, fragmentName, clock,
+                                     [seed] { return seed; });
+        view.setDelegate(&renderer);
+        clock.set(Seconds(time));
+        EXPECT_TRUE(view.drawNow());
+        view.setDelegate(nullptr);
+        return view.grabFramebuffer();
+    };
+    const QImage first = picture(1, 2);
+    EXPECT_EQ(picture(1, 2), first);
+    EXPECT_NE(picture(1, 2.2), first);
+    EXPECT_NE(picture(0x8000'0001U, 2), first); // all bits of the seed count
+
+    const QRgb ground = QWidget().palette().color(QPalette::Window).rgb();
+    int lit = 0;
+    for (int y = 0; y < first.height(); ++y) {
+        for (int x = 0; x < first.width(); ++x) {
+            const bool isEdge =
+                x == 0 || y == 0 || x == first.width() - 1 || y == first.height() - 1;
+            lit += first.pixel(x, y) != ground ? 1 : 0;
+            ASSERT_TRUE(!isEdge || first.pixel(x, y) == ground) << x << ", " << y;
+        }
+    }
+    EXPECT_GT(lit, first.width() * first.height() / 20);
+}
+
+} // namespace
+} // namespace kestrel

@@ -1,0 +1,256 @@
+#include "platform/gpu/gpu_view.hpp"
+#include "platform/testing/window_testing.hpp"
+#include "shaders/content_view_shader.hpp"
+#include "shaders/metal_shader_view_controller.hpp"
+
+#include <QApplication>
+#include <QLabel>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace kestrel {
+namespace {
+
+using core::Seconds;
+using platform::testing::runFor;
+using platform::testing::runUntil;
+using platform::testing::screenshot;
+using platform::testing::showActive;
+
+const QColor ground(0x15, 0x11, 0x1f);
+
+class ShaderViewControllerTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_NE(platform::GpuDevice::systemDefault(), nullptr);
+        prepare(*window);
+        container = new QWidget(window.get());
+        container->setGeometry(0, 0, 400, 300);
+        controller = makeController("audioWaveformFragmentShader");
+    }
+
+    static void prepare(QWidget& window) {
+        QPalette palette = window.palette();
+        palette.setColor(QPalette::Window, ground);
+        window.setPalette(palette);
+        window.resize(400, 350);
+        platform::GpuHost::install(window);
+    }
+    MetalShaderViewController* makeController(const char* fragmentFunction) {
+        return new MetalShaderViewController(container, QStringLiteral("Main"),
+                                             QStringLiteral("audioWaveformVertexShader"),
+                                             QString::fromLatin1(fragmentFunction), clock);
+    }
+
+    void show() {
+        showActive(*window);
+        runFor(20);
+    }
+    [[nodiscard]] platform::GpuView& view() const { return *controller->metalKitView(); }
+    [[nodiscard]] MetalShaderRenderer& renderer() const { return *controller->renderer(); }
+    [[nodiscard]] long framesWithin(int milliseconds) const {
+        const long before = view().frameCount();
+        runFor(milliseconds);
+        return view().frameCount() - before;
+    }
+    /// As slow as the machine may be.
+    [[nodiscard]] bool drawsFrames(long count) const {
+        const long wanted = view().frameCount() + count;
+        return runUntil([&] { return view().frameCount() >= wanted; });
+    }
+    /// Pixels of the container on the screen that are not the ground.
+    [[nodiscard]] int litPixels() const {
+        const QImage image = screenshot(*container);
+        int lit = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                lit += image.pixelColor(x, y) != ground ? 1 : 0;
+            }
+        }
+        return lit;
+    }
+
+    core::ManualClock clock;
+    std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
+    QWidget other;
+    QWidget* container = nullptr;
+    MetalShaderViewController* controller = nullptr; // owned by the container
+};
+
+TEST_F(ShaderViewControllerTest, ShowsTheVisualOnTheGround) {
+    QLabel label(QStringLiteral("Name"), window.get());
+    label.setGeometry(150, 130, 100, 40);
+    label.setStyleSheet(QStringLiteral("background: #ff0000"));
+    clock.set(Seconds(0));
+    show();
+    clock.set(Seconds(3));
+    EXPECT_TRUE(runUntil([&] { return litPixels() > 8000; }));
+    const QImage seen = screenshot(*container);
+    const double scale = seen.devicePixelRatio();
+    EXPECT_EQ(seen.pixelColor((QPointF(160, 140) * scale).toPoint()), QColor(Qt::red));
+    for (int x = 0; x < seen.width(); ++x) {
+        ASSERT_EQ(seen.pixelColor(x, 0), ground) << x;
+        ASSERT_EQ(seen.pixelColor(x, seen.height() - 1), ground) << x;
+    }
+    for (int y = 0; y < seen.height(); ++y) {
+        ASSERT_EQ(seen.pixelColor(0, y), ground) << y;
+        ASSERT_EQ(seen.pixelColor(seen.width() - 1, y), ground) << y;
+    }
+}
+
+TEST_F(ShaderViewControllerTest, FollowsTheSizeInPixels) {
+    show();
+    EXPECT_EQ(view().colorSpace(), platform::DrawableColorSpace::extendedLinearSRGB);
+    EXPECT_EQ(view().preferredFramesPerSecond(), 60);
+    const auto scale = static_cast<float>(window->devicePixelRatio());
+    for (const QSize size : {QSize(400, 300), QSize(311, 123), QSize(20, 350)}) {
+        container->resize(size);
+        const QuadRenderer::ViewSize pixels{static_cast<float>(size.width()) * scale,
+                                            static_cast<float>(size.height()) * scale};
+        EXPECT_TRUE(runUntil([&] { return renderer().viewSize() == pixels; }));
+    }
+}
+
+TEST_F(ShaderViewControllerTest, StandsStillWhileItsWindowIsNotKey) {
+    clock.set(Seconds(0));
+    show();
+    EXPECT_TRUE(drawsFrames(3));
+    clock.set(Seconds(10));
+    showActive(other);
+    EXPECT_EQ(framesWithin(500), 0);
+    controller->handleDidBecomeKey(&other);                 // not its window
+    controller->handleDidBecomeKey(container);              // no window
+    controller->handleDidBecomeKey(window->windowHandle()); // no widget
+    controller->handleDidBecomeKey(nullptr);
+    EXPECT_TRUE(view().isPaused());
+    view().setNeedsDisplay();
+    EXPECT_TRUE(drawsFrames(1));
+    EXPECT_EQ(framesWithin(200), 0);
+
+    clock.set(Seconds(15));
+    showActive(*window);
+    clock.set(Seconds(16));
+    EXPECT_FLOAT_EQ(renderer().time(), 11);
+    EXPECT_TRUE(drawsFrames(3));
+
+    clock.set(Seconds(20));
+    controller->handleDidResignKey(&other);
+    EXPECT_FALSE(view().isPaused());
+    controller->handleDidResignKey(window.get());
+    clock.set(Seconds(22));
+    controller->handleDidResignKey(window.get());
+    clock.set(Seconds(25));
+    controller->handleDidBecomeKey(window.get());
+    clock.set(Seconds(26));
+    EXPECT_FLOAT_EQ(renderer().time(), 11 + 10 - 3);
+}
+
+TEST_F(ShaderViewControllerTest, OutOfSightIsAPauseOnlyWhenThereIsNone) {
+    clock.set(Seconds(0));
+    show();
+    clock.set(Seconds(10));
+    controller->windowDidHideFromSight();
+    EXPECT_TRUE(view().isPaused());
+    clock.set(Seconds(11));
+    controller->windowDidHideFromSight(); // neither of the two opens it anew
+    clock.set(Seconds(15));
+    controller->windowDidReturnToSight();
+    clock.set(Seconds(16));
+    EXPECT_FLOAT_EQ(renderer().time(), 11);
+    EXPECT_FALSE(view().isPaused());
+
+    // Not key when it comes back: the pause goes on until it is.
+    clock.set(Seconds(20));
+    showActive(other);
+    clock.set(Seconds(22));
+    controller->windowDidHideFromSight();
+    clock.set(Seconds(24));
+    controller->windowDidReturnToSight();
+    EXPECT_TRUE(view().isPaused());
+    EXPECT_EQ(framesWithin(200), 0);
+    clock.set(Seconds(30));
+    showActive(*window);
+    clock.set(Seconds(31));
+    EXPECT_FLOAT_EQ(renderer().time(), 16); // 26 − 10
+}
+
+TEST_F(ShaderViewControllerTest, MinimisingIsNoDisappearance) {
+    show();
+    const platform::GpuView* const before = &view();
+    window->showMinimized();
+    runFor(50);
+    EXPECT_EQ(&view(), before);
+    EXPECT_EQ(framesWithin(200), 0);
+    window->showNormal();
+    showActive(*window);
+    EXPECT_EQ(&view(), before);
+    EXPECT_TRUE(drawsFrames(3));
+}
+
+TEST_F(ShaderViewControllerTest, StartsAnewWheneverItAppears) {
+    EXPECT_EQ(controller->metalKitView(), nullptr);
+    const std::vector<std::function<void()>> departures{
+        [&] { window->close(); }, [&] { container->hide(); }, [&] { container->setParent(&other); },
+        [&] { container->setParent(window.get()); }};
+    prepare(other);
+    other.move(450, 0);
+    double start = 0;
+    show();
+    for (const auto& leave : departures) {
+        clock.set(Seconds(start + 100));
+        EXPECT_FLOAT_EQ(renderer().time(), 100);
+        const std::uint32_t seed = renderer().seed();
+        leave();
+        EXPECT_EQ(controller->metalKitView(), nullptr);
+        EXPECT_EQ(controller->renderer(), nullptr);
+        controller->handleDidResignKey(window.get()); // harmless
+        controller->handleDidBecomeKey(window.get());
+        start += 200;
+        clock.set(Seconds(start));
+        container->show();
+        showActive(*container->window());
+        EXPECT_FLOAT_EQ(renderer().time(), 0);
+        EXPECT_NE(renderer().seed(), seed);
+        clock.set(Seconds(start + 3));
+        EXPECT_TRUE(runUntil([&] { return litPixels() > 8000; }));
+    }
+}
+
+TEST_F(ShaderViewControllerTest, GoesWhileItIsVisible) {
+    show();
+    delete controller; // alone
+    EXPECT_EQ(container->findChild<platform::GpuView*>(), nullptr);
+    runFor(50);
+    makeController("audioWaveformFragmentShader");
+    container->hide();
+    container->show();
+    runFor(50);
+    EXPECT_NE(container->findChild<platform::GpuView*>(), nullptr);
+    delete container; // with its container
+    runFor(50);
+    auto* const visual = new ContentViewShader(window.get());
+    visual->show();
+    runFor(50);
+    EXPECT_NE(visual->controller().renderer(), nullptr);
+    window.reset(); // with its window
+    runFor(50);
+}
+
+TEST_F(ShaderViewControllerTest, IsEmptyWithoutItsFunctions) {
+    for (const char* const name : {"none", "audioWaveformVertexShader", ""}) {
+        delete controller;
+        controller = makeController(name);
+        show();
+        ASSERT_NE(controller->metalKitView(), nullptr);
+        EXPECT_EQ(controller->renderer(), nullptr);
+        runFor(50);
+        EXPECT_EQ(litPixels(), 0);
+        window->hide();
+    }
+}
+
+} // namespace
+} // namespace kestrel
