@@ -2,8 +2,8 @@
 
 #include "app/addresses.hpp"
 #include "app/header_view.hpp"
+#include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "driftwood/declarative/button_styles.hpp"
-#include "driftwood/declarative/resource_bundle_accessor.hpp"
 #include "platform/assets/bundle.hpp"
 #include "platform/ui/image_view.hpp"
 #include "platform/ui/padded_item.hpp"

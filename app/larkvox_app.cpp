@@ -1,7 +1,7 @@
 #include "app/larkvox_app.hpp"
 
 #include "app/content_view.hpp"
-#include "driftwood/declarative/resource_bundle_accessor.hpp"
+#include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "platform/assets/bundle.hpp"
 #include "platform/gpu/gpu_view.hpp"

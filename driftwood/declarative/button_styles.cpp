@@ -1,6 +1,6 @@
 #include "driftwood/declarative/button_styles.hpp"
 
-#include "driftwood/declarative/resource_bundle_accessor.hpp"
+#include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "platform/assets/image_painter.hpp"
 #include "platform/ui/system_font.hpp"
 

@@ -16,6 +16,10 @@ void setAssetSource(std::shared_ptr<const AssetSource> source) {
     installedSource() = std::move(source);
 }
 
+bool hasAssetSource() {
+    return installedSource() != nullptr;
+}
+
 const AssetSource& assetSource() {
     const auto& source = installedSource();
     if (source == nullptr) {

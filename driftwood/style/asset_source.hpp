@@ -79,6 +79,7 @@ class AssetSource {
 /// Gives the kit its assets: once, at start-up, before a style or a catalogue member is first used.
 /// A later call serves only what has not been made by then.
 void setAssetSource(std::shared_ptr<const AssetSource> source);
+[[nodiscard]] bool hasAssetSource();
 
 /// Stops the program when none has been set.
 [[nodiscard]] const AssetSource& assetSource();

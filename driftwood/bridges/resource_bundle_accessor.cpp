@@ -1,4 +1,4 @@
-#include "driftwood/declarative/resource_bundle_accessor.hpp"
+#include "driftwood/bridges/resource_bundle_accessor.hpp"
 
 namespace driftwood {
 namespace {
