@@ -71,7 +71,7 @@ QImage tinted(const QImage& image, const QColor& tint) {
 } // namespace
 
 void paintImage(QPainter& painter, const QRectF& rect, const ImageAsset& asset,
-                const QColor& tint) {
+                const QColor& tint, bool isStretched) {
     // In device pixels, with antialiasing off: rectangles that end between pixels leave seams.
     const QTransform toDevice = painter.deviceTransform();
     const qreal scale = toDevice.m11();
@@ -104,7 +104,7 @@ void paintImage(QPainter& painter, const QRectF& rect, const ImageAsset& asset,
                 const bool isMiddle = row == 1 || column == 1;
                 paintPart(painter, rectangle(x.target[column], y.target[row]), image,
                           rectangle(x.source[column], y.source[row]),
-                          isMiddle && asset.resizing() == ImageResizing::tile);
+                          isMiddle && !isStretched && asset.resizing() == ImageResizing::tile);
             }
         }
     }

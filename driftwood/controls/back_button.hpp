@@ -1,0 +1,26 @@
+#pragma once
+
+#include "driftwood/controls/styled_button.hpp"
+
+namespace driftwood {
+
+class BackButtonCell : public StyledCell<BackButtonCell, StyledButtonCell, BackButtonCellStyle> {
+  public:
+    using StyledCell::StyledCell;
+};
+
+/// The button that leads back. It can be faded, and is hidden once nothing of it is left to see.
+class BackButton : public StyledButton {
+  public:
+    explicit BackButton(const QString& title, QWidget* parent = nullptr)
+        : StyledButton(std::make_unique<BackButtonCell>(title), parent) {}
+
+    void setAlphaValue(double alpha) override {
+        StyledButton::setAlphaValue(alpha);
+        setHidden(alphaValue() == 0);
+    }
+
+    [[nodiscard]] core::EdgeInsets alignmentRectInsets() const override { return {6, 5, 4, 4}; }
+};
+
+} // namespace driftwood

@@ -1,0 +1,14 @@
+#include "gallery/driftwood/driftwood_pages.hpp"
+
+namespace gallery {
+
+void addDriftwoodButtonPages(std::vector<Page>& pages) {
+    for (const auto& make :
+         {styledButtonPage, kestrelPushButtonPage, buttonStylesPage, toolButtonPage,
+          cornerButtonPage, backButtonPage, styledCheckBoxPage, favouriteCheckBoxPage,
+          cursorButtonPage, popUpCyclingButtonPage, darkHighlightButtonPage}) {
+        pages.push_back(make());
+    }
+}
+
+} // namespace gallery

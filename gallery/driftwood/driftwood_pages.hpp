@@ -1,0 +1,22 @@
+#pragma once
+
+#include "gallery/page.hpp"
+
+namespace gallery {
+
+/// The pages of the kit's buttons, each from its own file.
+void addDriftwoodButtonPages(std::vector<Page>& pages);
+
+Page styledButtonPage();
+Page kestrelPushButtonPage();
+Page buttonStylesPage();
+Page toolButtonPage();
+Page cornerButtonPage();
+Page backButtonPage();
+Page styledCheckBoxPage();
+Page favouriteCheckBoxPage();
+Page cursorButtonPage();
+Page popUpCyclingButtonPage();
+Page darkHighlightButtonPage();
+
+} // namespace gallery

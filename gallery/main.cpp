@@ -1,0 +1,62 @@
+// gallery                     shows the pages
+// gallery --list              prints their names
+// gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale
+
+#include "driftwood/bridges/bundle_asset_source.hpp"
+#include "driftwood/bridges/resource_bundle_accessor.hpp"
+#include "gallery/gallery_window.hpp"
+#include "platform/ui/appearance.hpp"
+
+#include <QApplication>
+#include <QPixmap>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+int fail(const char* what) {
+    std::fprintf(stderr, "gallery: %s\n", what);
+    return 2;
+}
+
+int shoot(gallery::GalleryWindow& window, const QString& name, const QString& file) {
+    const auto& all = gallery::pages();
+    const auto page = std::ranges::find(all, name, &gallery::Page::identifier);
+    if (page == all.end()) {
+        return fail("there is no page of that name");
+    }
+    window.show(*page);
+    window.setAttribute(Qt::WA_DontShowOnScreen); // laid out and painted, but nobody sees it
+    window.QWidget::show();
+    window.resize(window.wholePageSize());
+    QCoreApplication::processEvents();
+    return window.grab().save(file) ? 0 : fail("the picture cannot be written");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("gallery"));
+    platform::setAppearance(application, platform::Appearance::darkAqua);
+    driftwood::installKitAssets();
+    driftwood::resourceBundle().assets().registerFonts();
+
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.value(1) == QStringLiteral("--list")) {
+        for (const gallery::Page& page : gallery::pages()) {
+            std::printf("%s\n", qPrintable(page.identifier));
+        }
+        return 0;
+    }
+    gallery::GalleryWindow window;
+    if (arguments.value(1) == QStringLiteral("--shot") && arguments.size() == 4) {
+        return shoot(window, arguments[2], arguments[3]);
+    }
+    if (arguments.size() > 1) {
+        return fail("usage: gallery [--list | --shot PAGE FILE]");
+    }
+    window.QWidget::show();
+    return QApplication::exec();
+}

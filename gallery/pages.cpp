@@ -1,0 +1,15 @@
+#include "gallery/driftwood/driftwood_pages.hpp"
+#include "gallery/page.hpp"
+
+namespace gallery {
+
+const std::vector<Page>& pages() {
+    static const std::vector<Page> all = [] {
+        std::vector<Page> made;
+        addDriftwoodButtonPages(made);
+        return made;
+    }();
+    return all;
+}
+
+} // namespace gallery
