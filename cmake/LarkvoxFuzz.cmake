@@ -1,7 +1,7 @@
 # larkvox_add_fuzz_target(NAME SOURCES… LINK… CORPUS folder)
 # A program around LLVMFuzzerTestOneInput. As a test it runs its corpus and always the same
 # mutations of it; built with the preset "fuzz" it is a libFuzzer program that searches on:
-#   build/fuzz/bin/NAME -max_total_time=60 CORPUS
+#   build/fuzz/bin/NAME -max_total_time=60 FOUND CORPUS
 function(larkvox_add_fuzz_target name)
   if(NOT BUILD_TESTING)
     return()
@@ -13,7 +13,9 @@ function(larkvox_add_fuzz_target name)
   set(arguments)
   if(LARKVOX_SANITIZER STREQUAL "fuzzer")
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
-    set(arguments -runs=20000)
+    # What it finds goes into the first folder.
+    file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${name}_found")
+    set(arguments -runs=20000 "${CMAKE_CURRENT_BINARY_DIR}/${name}_found")
   else()
     target_sources(${name} PRIVATE "${PROJECT_SOURCE_DIR}/platform/testing/fuzz_driver.cpp")
   endif()

@@ -15,17 +15,17 @@ function(larkvox_add_library name)
 endfunction()
 
 # larkvox_add_test(NAME SOURCES… LINK… [QT] [THREADS] [DISPLAY offscreen|xvfb] [TIMEOUT seconds]
-#                  [SCALES factors…])
+#                  [VARIANTS name:VARIABLE=value…])
 # One test program of a folder. With DISPLAY xvfb it runs in an X server of its own. THREADS marks a
-# program that is worth running under ThreadSanitizer; it must not use Qt. SCALES runs the program
-# again with so many pixels to a point.
+# program that is worth running under ThreadSanitizer; it must not use Qt. Each of the VARIANTS runs the
+# program again with another environment.
 add_custom_target(thread_tests)
 
 function(larkvox_add_test name)
   if(NOT BUILD_TESTING)
     return()
   endif()
-  cmake_parse_arguments(PARSE_ARGV 1 ARG "QT;THREADS" "DISPLAY;TIMEOUT" "SOURCES;LINK;SCALES")
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "QT;THREADS" "DISPLAY;TIMEOUT" "SOURCES;LINK;VARIANTS")
   add_executable(${name} ${ARG_SOURCES})
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
@@ -50,9 +50,10 @@ function(larkvox_add_test name)
     set_tests_properties(${name} PROPERTIES LABELS threads)
   endif()
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT})
-  foreach(scale IN LISTS ARG_SCALES)
-    add_test(NAME ${name}_at_${scale}x COMMAND ${command})
-    set_tests_properties(${name}_at_${scale}x PROPERTIES TIMEOUT ${ARG_TIMEOUT}
-                         ENVIRONMENT "${environment};QT_SCALE_FACTOR=${scale}")
+  foreach(variant IN LISTS ARG_VARIANTS)
+    string(REGEX MATCH "^(.+):(.+=.+)$" found "${variant}")
+    add_test(NAME ${name}_${CMAKE_MATCH_1} COMMAND ${command})
+    set_tests_properties(${name}_${CMAKE_MATCH_1} PROPERTIES TIMEOUT ${ARG_TIMEOUT}
+                         ENVIRONMENT "${environment};${CMAKE_MATCH_2}")
   endforeach()
 endfunction()

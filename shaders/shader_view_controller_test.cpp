@@ -56,6 +56,11 @@ class ShaderViewControllerTest : public ::testing::Test {
         runFor(milliseconds);
         return view().frameCount() - before;
     }
+    /// As slow as the machine may be.
+    [[nodiscard]] bool drawsFrames(long count) const {
+        const long wanted = view().frameCount() + count;
+        return runUntil([&] { return view().frameCount() >= wanted; });
+    }
     /// Pixels of the container on the screen that are not the ground.
     [[nodiscard]] int litPixels() const {
         const QImage image = screenshot(*container);
@@ -112,7 +117,7 @@ TEST_F(ShaderViewControllerTest, FollowsTheSizeInPixels) {
 TEST_F(ShaderViewControllerTest, StandsStillWhileItsWindowIsNotKey) {
     clock.set(Seconds(0));
     show();
-    EXPECT_GT(framesWithin(300), 5);
+    EXPECT_TRUE(drawsFrames(3));
     clock.set(Seconds(10));
     showActive(other);
     EXPECT_EQ(framesWithin(500), 0);
@@ -122,13 +127,14 @@ TEST_F(ShaderViewControllerTest, StandsStillWhileItsWindowIsNotKey) {
     controller->handleDidBecomeKey(nullptr);
     EXPECT_TRUE(view().isPaused());
     view().setNeedsDisplay();
-    EXPECT_EQ(framesWithin(200), 1);
+    EXPECT_TRUE(drawsFrames(1));
+    EXPECT_EQ(framesWithin(200), 0);
 
     clock.set(Seconds(15));
     showActive(*window);
     clock.set(Seconds(16));
     EXPECT_FLOAT_EQ(renderer().time(), 11);
-    EXPECT_GT(framesWithin(300), 5);
+    EXPECT_TRUE(drawsFrames(3));
 
     clock.set(Seconds(20));
     controller->handleDidResignKey(&other);
@@ -181,7 +187,7 @@ TEST_F(ShaderViewControllerTest, MinimisingIsNoDisappearance) {
     window->showNormal();
     showActive(*window);
     EXPECT_EQ(&view(), before);
-    EXPECT_GT(framesWithin(300), 5);
+    EXPECT_TRUE(drawsFrames(3));
 }
 
 TEST_F(ShaderViewControllerTest, StartsAnewWheneverItAppears) {

@@ -72,7 +72,9 @@ class WorkerTimerQueue::Worker {
             if (tasks_.empty()) {
                 changed_.wait(lock);
             } else if (const auto next = tasks_.begin(); next->first.first > now) {
-                changed_.wait_until(lock, std::min(next->first.first, now + longestSleep));
+                // A copy, since the task may be taken away while this waits.
+                const core::Instant until = std::min(next->first.first, now + longestSleep);
+                changed_.wait_until(lock, until);
             } else {
                 auto due = tasks_.extract(next);
                 lock.unlock();

@@ -93,6 +93,7 @@ GpuView::GpuView(QWidget* parent, std::shared_ptr<GpuDevice> device)
     if (configFor(device_.get()).isEnabled()) {
         static_cast<GpuViewPrivate*>(QWidgetPrivate::get(this))->setRenderToTexture();
     }
+    headlessScale_ = devicePixelRatio();
     followWindow();
 }
 
@@ -150,8 +151,8 @@ void GpuView::setNeedsDisplay() {
 }
 
 QSize GpuView::drawableSize() const {
-    // Without a window there is no screen whose pixels would count.
-    const qreal scale = isHeadless() ? 1 : devicePixelRatio();
+    // Asking for the ratio looks at all screens, too much for every frame where nothing changes it.
+    const qreal scale = isHeadless() ? headlessScale_ : devicePixelRatio();
     return (QSizeF(size()) * scale).toSize().expandedTo(QSize(1, 1));
 }
 

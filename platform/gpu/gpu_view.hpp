@@ -158,6 +158,7 @@ class GpuView : public QWidget {
     bool needsFrame_ = true;  // asked for
     bool isFrameDue_ = false; // by the pacer
     bool isEmpty_ = false;
+    qreal headlessScale_ = 1; // the device pixel ratio of the start
     int failedFrames_ = 0;
     long frameCount_ = 0;
     QSize announcedSize_;

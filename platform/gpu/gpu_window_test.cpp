@@ -66,6 +66,11 @@ struct Picture {
 
 class GpuWindow : public ::testing::Test {
   protected:
+    static void SetUpTestSuite() {
+        if (qEnvironmentVariable("GPU_TEST_API") == QStringLiteral("Vulkan")) {
+            GpuDevice::setSystemApi(GpuApi::vulkan);
+        }
+    }
     void SetUp() override { ASSERT_NE(GpuDevice::systemDefault(), nullptr); }
 };
 
@@ -101,15 +106,20 @@ TEST_F(GpuWindow, DrawsOnlyWhatIsAskedFor) {
         runFor(milliseconds);
         return view.frameCount() - before;
     };
+    const auto drawsFrames = [&](long count) { // as slow as the machine may be
+        const long wanted = view.frameCount() + count;
+        return runUntil([&] { return view.frameCount() >= wanted; });
+    };
     EXPECT_EQ(framesWithin(200), 0); // starts paused
     view.setNeedsDisplay();
     view.setNeedsDisplay();
-    EXPECT_EQ(framesWithin(200), 1);
+    EXPECT_TRUE(drawsFrames(1));
+    EXPECT_EQ(framesWithin(200), 0);
     window->update();
     EXPECT_EQ(framesWithin(200), 0);
 
     view.setPaused(false);
-    EXPECT_GT(framesWithin(500), 10);
+    EXPECT_TRUE(drawsFrames(5));
     for (int i = 0; i < 5; ++i) { // at any point between two frames
         view.setPaused(false);
         runFor(20 + 3 * i);
@@ -122,7 +132,7 @@ TEST_F(GpuWindow, DrawsOnlyWhatIsAskedFor) {
     EXPECT_EQ(framesWithin(200), 0);
     view.show();
     EXPECT_TRUE(picture.isSeen());
-    EXPECT_GT(framesWithin(300), 5);
+    EXPECT_TRUE(drawsFrames(3));
     view.setPreferredFramesPerSecond(10);
     EXPECT_LE(framesWithin(500), 7);
 
@@ -238,17 +248,21 @@ TEST_F(GpuWindow, GoesOnAfterCompositingHasLostTheDevice) {
     EXPECT_TRUE(second.isSeen());
 }
 
-TEST_F(GpuWindow, IsEmptyWhenTheDeviceRefusesThePipeline) {
+TEST_F(GpuWindow, IsEmptyWhenTheDeviceRefusesAResource) {
+    class Refused final : public GpuView::Resources {
+      public:
+        bool prepare(const GpuContext& /*context*/) override { return false; }
+        void release() override {}
+    } refused;
     const auto window = makeWindow();
-    GpuView view(window.get(), GpuDevice::systemDefault());
-    view.setGeometry(20, 20, 160, 80);
-    CellPainter painter(view, QStringLiteral("mismatched"));
-    view.setDelegate(&painter);
-    view.setPaused(false);
+    Picture picture(*window);
+    EXPECT_TRUE(picture.view->addResources(refused)); // the window has no device yet
+    picture.view->setPaused(false);
     showActive(*window);
-    EXPECT_TRUE(runUntil([&] { return view.isEmpty(); }));
+    EXPECT_TRUE(runUntil([&] { return picture.view->isEmpty(); }));
     EXPECT_TRUE(runUntil([&] { return screenColor(*window, {100, 40}) == ground; }));
-    view.setDelegate(nullptr);
+    EXPECT_EQ(picture.view->frameCount(), 0);
+    picture.view->removeResources(refused);
 }
 
 TEST_F(GpuWindow, ShowsTheGroundWithoutADelegate) {

@@ -18,8 +18,7 @@ class LocaleTextService final : public core::TextService {
     LocaleTextService() { locale_.setNumberOptions(QLocale::OmitGroupSeparator); }
 
     [[nodiscard]] std::string lowercase(std::string_view text) const override {
-        return locale_
-            .toLower(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())))
+        return locale_.toLower(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())))
             .toStdString();
     }
 
