@@ -143,9 +143,13 @@ void CellButton::click() {
 }
 
 void CellButton::performClick() {
-    if (!isEnabled()) {
-        return;
+    clickModifiers_ = {};
+    if (isEnabled()) {
+        flashAndClick();
     }
+}
+
+void CellButton::flashAndClick() {
     setHighlighted(true);
     QTimer::singleShot(momentOfPress, this, [this] {
         if (!tracker_.isPressed()) {
@@ -204,7 +208,7 @@ bool CellButton::handleKey(QEvent& event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (isDown && !key.isAutoRepeat()) {
-            performClick();
+            flashAndClick();
         }
         return true;
     case Qt::Key_Escape:

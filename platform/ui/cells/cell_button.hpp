@@ -92,6 +92,7 @@ class CellButton : public QWidget, public Control {
   private:
     void follow(PressTracker::Result result);
     void click();
+    void flashAndClick();
     void press(const QMouseEvent& event, int clickCount);
     bool handleKey(QEvent& event);
     void setCellState(const CellState& state);
