@@ -70,8 +70,8 @@ QImage tinted(const QImage& image, const QColor& tint) {
 
 } // namespace
 
-void paintImage(QPainter& painter, const QRectF& rect, const ImageAsset& asset,
-                const QColor& tint, bool isStretched) {
+void paintImage(QPainter& painter, const QRectF& rect, const ImageAsset& asset, const QColor& tint,
+                bool isStretched) {
     // In device pixels, with antialiasing off: rectangles that end between pixels leave seams.
     const QTransform toDevice = painter.deviceTransform();
     const qreal scale = toDevice.m11();
