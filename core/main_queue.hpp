@@ -108,6 +108,12 @@ class MainQueue {
         }
     }
 
+    /// Whether `state` stands in the second line, or is about to. While it does, its changes have
+    /// to be merged: a task posted in their place could overtake those that wait. Any thread.
+    [[nodiscard]] static bool standsInLine(const Mergeable& state) noexcept {
+        return state.isInLine_.load(std::memory_order_acquire);
+    }
+
     /// Puts `state` into the second line, unless it stands there already; then the `take` to come
     /// sees what the caller has stored before this call. Returns true when this call has put it
     /// in line. `beforeEntering` runs in that case, before the main thread can see the object: the

@@ -56,7 +56,10 @@ void PendingChanges::send(float value, ParameterEditor source, core::MainQueue& 
     // Released, so that whoever sees the edit counted sees its value.
     count_.fetch_add(unit(source), std::memory_order_release);
     static_assert(sizeof(Arrival) <= core::MainQueue::inlineTaskSize);
-    if (!queue.tryPost(Arrival{parameter_.shared_from_this(), value, source})) {
+    // Another thread may have claimed the place in line and not taken it yet; until it has, the
+    // ring looks open.
+    if (core::MainQueue::standsInLine(*this) ||
+        !queue.tryPost(Arrival{parameter_.shared_from_this(), value, source})) {
         merge(value, source, queue);
     }
 }
