@@ -2,8 +2,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-
 namespace platform {
 namespace {
 
@@ -24,10 +22,6 @@ namespace {
 #else
 #error "an unknown processor"
 #endif
-
-bool isAlphanumeric(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 
 } // namespace
 
@@ -65,14 +59,6 @@ std::string archiveManifestText(const ArchiveManifest& manifest) {
 
 std::string_view thisPlatform() {
     return LARKVOX_SYSTEM "-" LARKVOX_PROCESSOR;
-}
-
-bool isVersionName(std::string_view version) {
-    return !version.empty() && version.size() <= 64 && isAlphanumeric(version.front()) &&
-           std::ranges::all_of(version, [](char c) {
-               return isAlphanumeric(c) ||
-                      std::string_view(".+-~_").find(c) != std::string_view::npos;
-           });
 }
 
 } // namespace platform

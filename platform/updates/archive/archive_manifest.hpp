@@ -27,8 +27,4 @@ struct ArchiveManifest {
 /// What this program was built for, such as "linux-x86_64".
 [[nodiscard]] std::string_view thisPlatform();
 
-/// Whether a version can be the name of a folder: letters, digits and ".+-~_", beginning with a
-/// letter or digit, at most 64 of them.
-[[nodiscard]] bool isVersionName(std::string_view version);
-
 } // namespace platform
