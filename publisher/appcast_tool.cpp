@@ -28,16 +28,7 @@ void requireOrRefuse(bool isFine, const std::string& otherwise) {
 }
 
 std::string mediaType(const std::string& fileName) {
-    constexpr std::pair<std::string_view, const char*> types[] = {{".zst", "application/zstd"},
-                                                                  {".xz", "application/x-xz"},
-                                                                  {".gz", "application/gzip"},
-                                                                  {".tgz", "application/gzip"}};
-    for (const auto& [ending, type] : types) {
-        if (fileName.ends_with(ending)) {
-            return type;
-        }
-    }
-    return "application/octet-stream";
+    return fileName.ends_with(".xz") ? "application/x-xz" : "application/octet-stream";
 }
 
 /// A version that comes after all others of the feed, at a later date: all that updaters take.
@@ -49,8 +40,9 @@ void requireForward(const Appcast& appcast, const AppcastItem& item) {
         }
         const auto order = platform::compareVersions(other.version, item.version);
         requireOrRefuse(order != 0, "The feed has version " + other.version + " already.");
-        requireOrRefuse(order < 0, "Version " + item.version + " would go backwards: the feed has " +
-                                       other.version + " already.");
+        requireOrRefuse(order < 0, "Version " + item.version +
+                                       " would go backwards: the feed has " + other.version +
+                                       " already.");
         const auto date = platform::parsePublicationDate(other.pubDate);
         requireOrRefuse(!date || *date <= *platform::parsePublicationDate(item.pubDate),
                         "The date would go backwards: version " + other.version + " is of " +
@@ -81,10 +73,12 @@ AppcastItem describedItem(const AddCommand& add, std::chrono::sys_seconds now) {
                  "--date is not a date like \"Tue, 04 Mar 2025 10:30:00 +0000\".");
     requireUsage(platform::isSecureAddress(item.enclosure.url),
                  "--url has to be a complete https address: updaters refuse every other.");
-    requireUsage(!fileNameIn(item.enclosure.url).empty(), "--url has to end in a file's name or \"/\".");
+    requireUsage(!fileNameIn(item.enclosure.url).empty(),
+                 "--url has to end in a file's name or \"/\".");
     requireUsage(item.releaseNotesLink.empty() || platform::isSecureAddress(item.releaseNotesLink),
                  "--notes-link has to be a complete https address.");
-    requireUsage(item.minimumSystemVersion.empty() || platform::isVersion(item.minimumSystemVersion),
+    requireUsage(item.minimumSystemVersion.empty() ||
+                     platform::isVersion(item.minimumSystemVersion),
                  "--minimum-system is not a version.");
     requireUsage(item.criticalBelow.empty() || platform::isVersion(item.criticalBelow),
                  "--critical-below is not a version.");
@@ -128,7 +122,7 @@ void add(const AddCommand& command, std::ostream& out, std::chrono::sys_seconds 
     item.enclosure.length = bytes.size();
     item.enclosure.edSignature = key.sign(bytes);
 
-    const FolderLock lock(command.feed.parent_path());
+    const auto lock = lockFolder(command.feed.parent_path());
     const std::string name = command.feed.string();
     const std::string feed = std::filesystem::exists(command.feed)
                                  ? readText(command.feed, platform::largestFeed)

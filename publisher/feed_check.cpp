@@ -9,7 +9,7 @@
 #include "publisher/failure.hpp"
 #include "publisher/files.hpp"
 
-#include <algorithm>
+#include <cctype>
 
 namespace publisher {
 namespace {
@@ -102,8 +102,7 @@ class Check {
                 add(item, "is " + std::to_string(bytes.size()) + " bytes long, the feed says " +
                               std::to_string(enclosure.length) + '.');
             }
-            const auto fault =
-                platform::verifySignature(bytes, enclosure.edSignature, publicKey_);
+            const auto fault = platform::verifySignature(bytes, enclosure.edSignature, publicKey_);
             if (fault) {
                 add(item, reason(*fault));
             }
@@ -144,7 +143,8 @@ class Check {
         const auto lowerDate = platform::parsePublicationDate(lower.pubDate);
         const auto higherDate = platform::parsePublicationDate(higher.pubDate);
         if (lowerDate && higherDate && *lowerDate > *higherDate) {
-            add(lower, "goes backwards: it is of a later date than version " + higher.version + '.');
+            add(lower,
+                "goes backwards: it is of a later date than version " + higher.version + '.');
         }
     }
 
@@ -195,8 +195,8 @@ std::string addressOf(std::string_view base, const std::string& fileName) {
     }
     for (const char c : fileName) {
         const bool isPlain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                             (c >= '0' && c <= '9') || std::string_view("-._~").find(c) !=
-                                                           std::string_view::npos;
+                             (c >= '0' && c <= '9') ||
+                             std::string_view("-._~").find(c) != std::string_view::npos;
         if (isPlain) {
             address += c;
         } else {

@@ -9,8 +9,8 @@
 
 namespace publisher {
 
-/// The name of the file that an address ends in, with its %-signs resolved; empty when there is none
-/// that could be a name in a folder.
+/// The name of the file that an address ends in, with its %-signs resolved; empty when there is
+/// none that could be a name in a folder.
 [[nodiscard]] std::string fileNameIn(std::string_view address);
 
 /// The address of a file in the folder at `base`, an address that ends in "/"; any other address is

@@ -54,7 +54,8 @@ std::string element(std::string_view name, const std::string& content) {
     if (content.empty()) {
         return {};
     }
-    return std::string("      <").append(name).append(">").append(content).append("</").append(name) +
+    return std::string("      <").append(name).append(">").append(content).append("</").append(
+               name) +
            ">\n";
 }
 
@@ -98,7 +99,7 @@ struct Place {
     XML_Parser parser = nullptr;
     int depth = 0;
     bool isInChannel = false;
-    bool hasNamespace = false;  // the prefix is declared around the items
+    bool hasNamespace = false; // the prefix is declared around the items
     bool isOtherEncoding = false;
     bool isBeforeItem = false;
     long position = -1; // in bytes
@@ -113,8 +114,7 @@ void startElement(void* user, const XML_Char* name, const XML_Char** attributes)
         place.isInChannel = std::string_view(name) == "channel";
     }
     for (; place.depth < itemDepth && *attributes != nullptr; attributes += 2) {
-        place.hasNamespace =
-            place.hasNamespace || std::string_view(*attributes) == "xmlns:sparkle";
+        place.hasNamespace = place.hasNamespace || std::string_view(*attributes) == "xmlns:sparkle";
     }
     if (place.depth == itemDepth && place.isInChannel && place.position < 0 &&
         std::string_view(name) == "item") {
@@ -169,7 +169,8 @@ const char* reason(FeedFault fault) {
     case FeedFault::tooLarge:
         return "is larger than the mebibyte that updaters read. Take old items out.";
     case FeedFault::documentType:
-        return "has a document type declaration (<!DOCTYPE …>), which updaters refuse. Take it out.";
+        return "has a document type declaration (<!DOCTYPE …>), which updaters refuse. Take it "
+               "out.";
     case FeedFault::tooDeep:
         return "has elements within elements too deep for updaters.";
     case FeedFault::malformed:

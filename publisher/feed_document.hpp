@@ -14,8 +14,8 @@ namespace publisher {
 /// feed is called in the message.
 [[nodiscard]] platform::Appcast appcastIn(std::string_view feed, const std::string& name);
 
-/// The feed with one more item, before the ones it has. Every other byte stays as it was. Fails when
-/// the updater would not read the result as exactly that.
+/// The feed with one more item, before the ones it has. Every other byte stays as it was. Fails
+/// when the updater would not read the result as exactly that.
 [[nodiscard]] std::string withItem(std::string_view feed, const platform::AppcastItem& item,
                                    const std::string& name);
 

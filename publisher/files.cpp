@@ -9,36 +9,18 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
-#include <utility>
 #include <vector>
 
 namespace publisher {
 namespace {
 
 namespace fs = std::filesystem;
+using platform::Descriptor;
 
 [[noreturn]] void fail(const fs::path& path, const char* what, int error) {
     throw Failure(ExitCode::inputOutput,
                   path.string() + ": " + what + ": " + std::generic_category().message(error));
 }
-
-/// A descriptor that is closed in the end.
-class Descriptor {
-  public:
-    explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
-    ~Descriptor() {
-        if (descriptor_ >= 0) {
-            close(descriptor_);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    [[nodiscard]] int get() const { return descriptor_; }
-
-  private:
-    int descriptor_;
-};
 
 /// Hands a regular file to `take`, piece by piece.
 template<class Take>
@@ -46,7 +28,7 @@ void readPieces(const fs::path& path, std::uint64_t limit, Take take) {
     // Not waiting: somebody may give a pipe for a file.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status {};
-    if (file.get() < 0 || fstat(file.get(), &status) != 0) {
+    if (!file || fstat(file.get(), &status) != 0) {
         fail(path, "cannot be read", errno);
     }
     if (!S_ISREG(status.st_mode)) {
@@ -96,7 +78,7 @@ fs::path folderOf(const fs::path& path) {
 /// Makes a new name, or a changed one, safe on the disk.
 void syncFolder(const fs::path& folder) {
     const Descriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor.get() < 0 || fsync(descriptor.get()) != 0) {
+    if (!descriptor || fsync(descriptor.get()) != 0) {
         fail(folder, "cannot be written", errno);
     }
 }
@@ -129,7 +111,7 @@ std::string readText(const fs::path& path, std::uint64_t limit) {
 
 void writeNewFile(const fs::path& path, std::string_view content, mode_t mode) {
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-    if (file.get() < 0) {
+    if (!file) {
         if (errno == EEXIST) {
             throw Failure(ExitCode::refused,
                           path.string() + ": there is such a file, and it is not overwritten");
@@ -153,7 +135,7 @@ void replaceFile(const fs::path& path, std::string_view content) {
 
     std::string temporary = place.string() + ".XXXXXX";
     const Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
-    if (file.get() < 0) {
+    if (!file) {
         fail(path, "cannot be written", errno);
     }
     int error = writeAll(file.get(), content);
@@ -170,22 +152,18 @@ void replaceFile(const fs::path& path, std::string_view content) {
     syncFolder(folderOf(place));
 }
 
-FolderLock::FolderLock(const fs::path& folder)
-    : descriptor_(open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (descriptor_ < 0) {
+Descriptor lockFolder(const fs::path& folder) {
+    Descriptor lock(
+        open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!lock) {
         fail(folder, "cannot be opened", errno);
     }
-    while (flock(descriptor_, LOCK_EX) != 0) {
+    while (flock(lock.get(), LOCK_EX) != 0) {
         if (errno != EINTR) {
-            const int error = errno;
-            close(descriptor_);
-            fail(folder, "cannot be locked", error);
+            fail(folder, "cannot be locked", errno);
         }
     }
-}
-
-FolderLock::~FolderLock() {
-    close(descriptor_);
+    return lock;
 }
 
 } // namespace publisher

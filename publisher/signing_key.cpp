@@ -8,7 +8,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstring>
 #include <string_view>
 
 namespace publisher {
@@ -132,8 +131,9 @@ std::string publicKeyFrom(const std::string& keyOrFile) {
     std::string key = text.substr(0, text.find('\n'));
     if (!platform::isPublicKey(key)) {
         throw Failure(ExitCode::refused,
-                      keyOrFile + ": is not a public key. \"keygen\" wrote it to the file that ends "
-                                  "in .pub.");
+                      keyOrFile +
+                          ": is not a public key. \"keygen\" wrote it to the file that ends "
+                          "in .pub.");
     }
     return key;
 }
