@@ -205,6 +205,7 @@ TEST_F(AppcastTool, LeavesTheFeedAloneWhenItCannotAdd) {
     ASSERT_EQ(add("1.1.0"), ExitCode::success) << errors_;
     const std::string good = read("feed.xml");
     write("not-an-archive", "nonsense");
+    fs::create_directory(path("folder"));
     write("broken.html", "<p>\xff</p>");
     write("large.html", std::string(platform::largestFeed - 1000, 'x'));
     auto odd = goodUpdate("1.2.0", "program");
@@ -235,7 +236,7 @@ TEST_F(AppcastTool, LeavesTheFeedAloneWhenItCannotAdd) {
     expectRefused(addFile("not-an-archive"), ExitCode::refused, "updaters would refuse it");
     expectRefused(addFile("unsafe"), ExitCode::refused, "not a plain name");
     expectRefused(addFile("missing"), ExitCode::inputOutput, "missing");
-    expectRefused(addFile("."), ExitCode::inputOutput, "is not a file");
+    expectRefused(addFile("folder"), ExitCode::inputOutput, "is not a file");
     EXPECT_EQ(read("feed.xml"), good);
 
     for (const std::string feed :
@@ -268,7 +269,7 @@ TEST_F(AppcastTool, FindsWhatIsWrongWithAFeed) {
         std::string feed;
         const char* problem;
     } cases[] = {
-        {changed("https://", "http://"), "https address"},
+        {changed("url=\"https", "url=\"http"), "https address"},
         {changed("1.1.0.tar.xz\"", "1.1.9.tar.xz\""), "cannot be read"},
         {changed("1.1.0.tar.xz\"", "1.1.0/\""), "no file name"},
         {changed("length=\"", "length=\"1"), "bytes long"},
