@@ -39,10 +39,10 @@ void requireForward(const Appcast& appcast, const AppcastItem& item) {
             continue;
         }
         const auto order = platform::compareVersions(other.version, item.version);
-        requireOrRefuse(order != 0, "The feed has version " + other.version + " already.");
-        requireOrRefuse(order < 0, "Version " + item.version +
-                                       " would go backwards: the feed has " + other.version +
-                                       " already.");
+        requireOrRefuse(std::is_neq(order), "The feed has version " + other.version + " already.");
+        requireOrRefuse(std::is_lt(order), "Version " + item.version +
+                                               " would go backwards: the feed has " +
+                                               other.version + " already.");
         const auto date = platform::parsePublicationDate(other.pubDate);
         requireOrRefuse(!date || *date <= *platform::parsePublicationDate(item.pubDate),
                         "The date would go backwards: version " + other.version + " is of " +

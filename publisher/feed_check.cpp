@@ -134,12 +134,12 @@ class Check {
 
     void comparePair(const AppcastItem& a, const AppcastItem& b) {
         const auto order = platform::compareVersions(a.version, b.version);
-        if (order == 0) {
+        if (std::is_eq(order)) {
             add(a, "is in the feed twice.");
             return;
         }
-        const AppcastItem& lower = order < 0 ? a : b;
-        const AppcastItem& higher = order < 0 ? b : a;
+        const AppcastItem& lower = std::is_lt(order) ? a : b;
+        const AppcastItem& higher = std::is_lt(order) ? b : a;
         const auto lowerDate = platform::parsePublicationDate(lower.pubDate);
         const auto higherDate = platform::parsePublicationDate(higher.pubDate);
         if (lowerDate && higherDate && *lowerDate > *higherDate) {
