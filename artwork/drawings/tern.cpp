@@ -24,27 +24,27 @@ QPainterPath mirrored(const QPainterPath& half) {
     return whole;
 }
 
-/// Flies up; from the bill's tip at y = -52 to the streamers of its tail at y = 64.
+/// Flies up; from the bill's tip at y = -60 to the streamers of its tail at y = 64.
 QPainterPath tern() {
     QPainterPath half;
-    half.moveTo(0, -52);
-    half.cubicTo(0.8, -46, 1.8, -43, 2.8, -40); // the bill
-    half.cubicTo(6.4, -37, 7.0, -31, 7.4, -26); // head and neck
-    half.cubicTo(14, -27, 22, -33, 30, -33);    // the arm's leading edge
-    half.cubicTo(40, -33, 62, -10, 76, 24);     // from the wrist to the tip
-    half.cubicTo(62, 6, 48, -6, 37, -10);       // back along the primaries
-    half.cubicTo(27, -13, 14, -8, 9, 2);        // and the secondaries
-    half.cubicTo(8.6, 11, 6.6, 19, 4.8, 26);    // the flank
-    half.cubicTo(8, 36, 11, 48, 12.5, 64);      // a streamer
-    half.cubicTo(8.5, 51, 4.6, 42, 0, 37);      // the fork
+    half.moveTo(0, -60);
+    half.cubicTo(0.6, -52, 1.4, -48, 2.4, -45.5); // the bill
+    half.cubicTo(6.6, -43, 7.6, -37, 8.0, -31);   // head and neck
+    half.cubicTo(8.6, -27, 17, -33, 30, -33);     // the arm's leading edge
+    half.cubicTo(40, -33, 62, -10, 76, 24);       // from the wrist to the tip
+    half.cubicTo(62, 6, 48, -6, 37, -10);         // back along the primaries
+    half.cubicTo(27, -13, 14, -8, 9, 2);          // and the secondaries
+    half.cubicTo(8.6, 11, 6.6, 19, 4.8, 26);      // the flank
+    half.cubicTo(8, 36, 11, 48, 12.5, 64);        // a streamer
+    half.cubicTo(8.5, 51, 4.6, 42, 0, 37);        // the fork
     half.closeSubpath();
 
     // The cap, and the seams between the feathers of the hand.
     QPainterPath nape;
-    nape.moveTo(0, -33.4);
-    nape.cubicTo(3.2, -33.4, 5.6, -34.4, 7.6, -36.2);
-    nape.lineTo(8.6, -33.6);
-    nape.cubicTo(6, -31.6, 3.4, -30.8, 0, -30.8);
+    nape.moveTo(0, -36.2);
+    nape.cubicTo(3.4, -36.2, 6.0, -37.4, 8.4, -39.6);
+    nape.lineTo(9.4, -37.0);
+    nape.cubicTo(6.6, -34.6, 3.6, -33.8, 0, -33.8);
     nape.closeSubpath();
     QPainterPath seams;
     struct Seam {
@@ -53,7 +53,7 @@ QPainterPath tern() {
         QPointF to;
     };
     for (const auto& [from, bend, to] :
-         {Seam{{24, -25}, {40, -22}, {57, 1.5}}, Seam{{15, -20}, {30, -20}, {43, -6.5}}}) {
+         {Seam{{25, -26}, {40, -23}, {58, 1.5}}, Seam{{18, -21}, {29, -21}, {38.5, -14.5}}}) {
         QPainterPath line;
         line.moveTo(from);
         line.quadTo(bend, to);
