@@ -406,7 +406,7 @@ TEST(Knobs, TurnThroughTheirSweepUnderALightThatStays) {
          {Strip{"chaos-dial-grey_", {28, 21.5}, 12.6}, Strip{"dial-medium-blue-", mediumAxis, 14},
           Strip{"dial-medium-yellow-", mediumAxis, 14}, Strip{"dial-medium-red-", mediumAxis, 14},
           Strip{"dial-medium-purple-", mediumAxis, 14},
-          Strip{"dial-small-grey-", {17, 20}, 12.6}}) {
+          Strip{"dial-small-grey-", {17, 20}, 11.6}}) {
         for (int frame = 1; frame <= 51; ++frame) {
             const auto name =
                 QStringLiteral("knobs/%1%2").arg(prefix).arg(frame, 2, 10, QChar('0'));

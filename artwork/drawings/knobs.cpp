@@ -111,7 +111,7 @@ void drawStillCap(Canvas& canvas, const Knob& knob) {
     gradient.setColorAt(1, violet(color("Grey 20%")));
     // The edge is bevelled: towards the light it is brighter than the face, away from it darker.
     QLinearGradient bevel(gradient.start(), gradient.finalStop());
-    bevel.setColorAt(0, violet(mixed(color("Grey 40%"), color("Grey 50%"), 0.3)));
+    bevel.setColorAt(0, violet(color("Grey 40%")));
     bevel.setColorAt(0.5, violet(color("Grey 20%")));
     bevel.setColorAt(1, color("Background/Darkest"));
     canvas.fill(cap, bevel);
