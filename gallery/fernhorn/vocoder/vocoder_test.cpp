@@ -1,5 +1,6 @@
 #include "gallery/fernhorn/vocoder/automation_player.hpp"
 #include "gallery/fernhorn/vocoder/event_log.hpp"
+#include "gallery/fernhorn/vocoder/frequency_formatter.hpp"
 #include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
 
 #include "fernhorn/model/parameter_gesture.hpp"
@@ -114,6 +115,25 @@ TEST_F(VocoderTest, TheLogKeepsTouchesApartAndMergesValuesWithinBounds) {
     EXPECT_EQ(log.lines().size(), room);
     EXPECT_GT(log.lostCount(), 0U) << "20,000 events were kept";
     queue.drain();
+}
+
+TEST(FrequencyFormatterTest, WritesWhatItReadsInBothUnits) {
+    const FrequencyFormatter formatter;
+    struct Case {
+        float value;
+        const char* text;
+    };
+    for (const auto& [value, text] :
+         {Case{0.25F, "0.25 Hz"}, Case{20, "20.0 Hz"}, Case{640, "640 Hz"},
+          Case{999.6F, "1.00 kHz"}, Case{1200, "1.20 kHz"}, Case{18000, "18.0 kHz"}}) {
+        EXPECT_EQ(formatter.format(value), text);
+        EXPECT_NEAR(formatter.parse(text).value_or(-1), value, value * 0.001F) << text;
+    }
+    EXPECT_EQ(formatter.parse("2k"), 2000.0F);
+    EXPECT_EQ(formatter.parse("440"), 440.0F);
+    for (const char* const text : {"", "Hz", "1 kilo", "1.2.3 Hz", "2 kk", "fast"}) {
+        EXPECT_EQ(formatter.parse(text), std::nullopt) << text;
+    }
 }
 
 } // namespace

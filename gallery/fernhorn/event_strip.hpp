@@ -1,0 +1,42 @@
+#pragma once
+
+#include "gallery/fernhorn/vocoder/event_log.hpp"
+
+#include <QBasicTimer>
+#include <QFont>
+#include <QWidget>
+
+namespace gallery {
+
+/// Shows an event log as it grows. While it is hidden the log keeps its bounds by itself.
+class EventStrip final : public QWidget {
+  public:
+    static constexpr int rowHeight = 20; // points
+
+    /// Shows so many of the newest lines; the log outlives the view.
+    EventStrip(EventLog& log, int rows);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    /// Shows what has come by now, without waiting for the next look.
+    void refresh();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+  private:
+    static constexpr int lookInterval = 33; // ms
+
+    void paintLine(QPainter& painter, const QRectF& row, const EventLog::Line& line) const;
+
+    EventLog& log_;
+    int rows_;
+    QFont font_;
+    QFont smallFont_;
+    QBasicTimer look_;
+};
+
+} // namespace gallery
