@@ -10,6 +10,7 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace gallery {
 
@@ -61,15 +62,15 @@ void paintSign(QPainter& painter, QPointF center, Type type) {
 
 } // namespace
 
-EventStrip::EventStrip(EventLog& log, int rows)
-    : log_(log),
+EventStrip::EventStrip(std::unique_ptr<EventLog> log, int rows)
+    : log_(std::move(log)),
       rows_(rows),
       font_(fernhorn::CustomFontModifier{FernFont::dosisMedium, 13}.resolved()),
       smallFont_(fernhorn::CustomFontModifier{FernFont::dosisMedium, 11}.resolved()) {
     platform::setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Events of the parameter tree"));
     setFixedSize(sizeHint());
-    log_.collect();
+    log_->collect();
 }
 
 QSize EventStrip::sizeHint() const {
@@ -77,7 +78,7 @@ QSize EventStrip::sizeHint() const {
 }
 
 void EventStrip::refresh() {
-    if (log_.collect()) {
+    if (log_->collect()) {
         update();
     }
 }
@@ -97,7 +98,7 @@ void EventStrip::timerEvent(QTimerEvent* event) {
 }
 
 void EventStrip::paintLine(QPainter& painter, const QRectF& row, const EventLog::Line& line) const {
-    const auto parameter = log_.tree().parameterWithAddress(line.event.address);
+    const auto parameter = log_->tree().parameterWithAddress(line.event.address);
     const QRectF text = row.adjusted(18, 0, 0, 0);
     paintSign(painter, {row.left() + 5, row.center().y()}, line.event.eventType);
     painter.setFont(font_);
@@ -113,13 +114,13 @@ void EventStrip::paintLine(QPainter& painter, const QRectF& row, const EventLog:
     }
     painter.setFont(font_);
     painter.setPen(fernhorn::kitColor("tabUnselected"));
-    painter.drawText(text, Qt::AlignVCenter | Qt::AlignRight, hostText(log_.tree(), line.event));
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignRight, hostText(log_->tree(), line.event));
 }
 
 void EventStrip::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const auto& lines = log_.lines();
+    const auto& lines = log_->lines();
     const auto shown = std::min(lines.size(), static_cast<std::size_t>(rows_));
     for (std::size_t i = 0; i < shown; ++i) {
         const QRectF row(0, static_cast<double>(i) * rowHeight, width, rowHeight);
@@ -130,9 +131,9 @@ void EventStrip::paintEvent(QPaintEvent* /*event*/) {
     painter.setOpacity(1);
     painter.setFont(smallFont_);
     painter.setPen(fernhorn::kitColor("versionInfo"));
-    auto count = QStringLiteral("%L1 events").arg(log_.eventCount());
-    if (log_.lostCount() > 0) {
-        count += QStringLiteral(", %L1 not kept").arg(log_.lostCount());
+    auto count = QStringLiteral("%L1 events").arg(log_->eventCount());
+    if (log_->lostCount() > 0) {
+        count += QStringLiteral(", %L1 not kept").arg(log_->lostCount());
     }
     painter.drawText(QRectF(0, rows_ * rowHeight, width, footer), Qt::AlignBottom | Qt::AlignLeft,
                      count);

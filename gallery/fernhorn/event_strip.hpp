@@ -6,6 +6,8 @@
 #include <QFont>
 #include <QWidget>
 
+#include <memory>
+
 namespace gallery {
 
 /// Shows an event log as it grows. While it is hidden the log keeps its bounds by itself.
@@ -13,8 +15,8 @@ class EventStrip final : public QWidget {
   public:
     static constexpr int rowHeight = 20; // points
 
-    /// Shows so many of the newest lines; the log outlives the view.
-    EventStrip(EventLog& log, int rows);
+    /// Shows so many of the newest lines. `log` must not be null.
+    EventStrip(std::unique_ptr<EventLog> log, int rows);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -32,7 +34,7 @@ class EventStrip final : public QWidget {
 
     void paintLine(QPainter& painter, const QRectF& row, const EventLog::Line& line) const;
 
-    EventLog& log_;
+    std::unique_ptr<EventLog> log_;
     int rows_;
     QFont font_;
     QFont smallFont_;

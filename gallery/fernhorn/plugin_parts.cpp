@@ -3,7 +3,9 @@
 #include "fernhorn/controls/button_face.hpp"
 #include "fernhorn/fonts/fern_font.hpp"
 #include "fernhorn/format/default_label_formatter.hpp"
+#include "fernhorn/format/label_name_formatter.hpp"
 #include "platform/ui/accessible_role.hpp"
+#include "platform/ui/padded_item.hpp"
 
 #include <QGridLayout>
 #include <QPainter>
@@ -17,16 +19,45 @@ namespace gallery {
 namespace {
 
 using fernhorn::FernFont;
+using fernhorn::LabelDisplayOptions;
 
 QColor white(double opacity) {
     return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
 }
 
+/// The panels write the names, so the dials do not.
+LabelDisplayOptions valueOptions(const char* color, double size) {
+    const QColor ink = fernhorn::kitColor(color);
+    return {.valueColor = {ink.redF(), ink.greenF(), ink.blueF(), ink.alphaF()},
+            .labelFontSize = 11,
+            .valueFontSize = size,
+            .editingFontSize = size,
+            .showSuffix = true,
+            .showName = false,
+            .labelWidth = size * 5};
+}
+
+Formatter orPlain(Formatter formatter, const fernhorn::AudioParameter& parameter) {
+    if (formatter != nullptr) {
+        return formatter;
+    }
+    if (parameter.valueStrings()) {
+        return std::make_shared<fernhorn::LabelNameFormatter>(parameter);
+    }
+    return std::make_shared<fernhorn::DefaultLabelFormatter>(parameter, 0);
+}
+
+QString nameOf(const Parameter& parameter) {
+    return QString::fromStdString(parameter->name());
+}
+
 } // namespace
 
 Panel::Panel(const QString& heading) : row_(new QHBoxLayout) {
+    platform::setAccessibleRole(*this, QAccessible::Grouping);
+    setAccessibleName(heading);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 8, 16, 12);
+    column->setContentsMargins(16, 10, 16, 14);
     column->setSpacing(8);
     auto* const title = makePluginLabel(heading.toUpper(), 11, "versionInfo");
     QFont font = title->font();
@@ -35,8 +66,6 @@ Panel::Panel(const QString& heading) : row_(new QHBoxLayout) {
     column->addWidget(title);
     column->addLayout(row_, 1);
     row_->setSpacing(8);
-    platform::setAccessibleRole(*this, QAccessible::Grouping);
-    setAccessibleName(heading);
 }
 
 void Panel::paintEvent(QPaintEvent* /*event*/) {
@@ -70,15 +99,46 @@ QLabel* makePluginLabel(const QString& text, double size, const char* color) {
     return label;
 }
 
-QWidget* named(QWidget* control, const QString& name) {
+QWidget* makeCell(fernhorn::Dial* dial, NamePlace place, const QString& name) {
     auto* const cell = new QWidget;
     auto* const column = new QVBoxLayout(cell);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
-    column->addWidget(makePluginLabel(name.toUpper(), 12, "pluginGrey"), 0, Qt::AlignHCenter);
-    column->addWidget(control, 0, Qt::AlignHCenter);
+    auto* const label = makePluginLabel(name.toUpper(), 12, "pluginGrey");
+    if (place == NamePlace::above) {
+        column->addWidget(label, 0, Qt::AlignHCenter);
+    }
+    column->addWidget(dial, 0, Qt::AlignHCenter);
+    if (place == NamePlace::below) {
+        column->addWidget(label, 0, Qt::AlignHCenter);
+    }
     column->addStretch(1);
     return cell;
+}
+
+QWidget* makeChaosCell(const Parameter& parameter, Formatter formatter) {
+    return makeCell(new fernhorn::ChaosDial(parameter, fernhorn::ModernDialColor::grey,
+                                            valueOptions("buttonText", 14),
+                                            orPlain(std::move(formatter), *parameter)),
+                    NamePlace::above, nameOf(parameter));
+}
+
+QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color,
+                        Formatter formatter) {
+    static constexpr std::array inks{"pluginBlue", "pluginYellow", "pluginRed", "pluginPurple"};
+    return makeCell(new fernhorn::MediumDial(
+                        parameter, color,
+                        valueOptions(inks.at(static_cast<std::size_t>(color)), 13),
+                        orPlain(std::move(formatter), *parameter)),
+                    NamePlace::above, nameOf(parameter));
+}
+
+QWidget* makeTinyCell(const Parameter& parameter, const QString& name) {
+    auto options = valueOptions("buttonText", 9);
+    options.showSuffix = false; // no room in the window of the knob
+    options.labelWidth = 40;
+    return makeCell(new fernhorn::TinyDial(parameter, options, orPlain(nullptr, *parameter)),
+                    NamePlace::below, name.isEmpty() ? nameOf(parameter) : name);
 }
 
 QWidget* makeGroup(const QString& name, const std::vector<QWidget*>& buttons, int columns) {
@@ -94,21 +154,6 @@ QWidget* makeGroup(const QString& name, const std::vector<QWidget*>& buttons, in
         ++place;
     }
     return group;
-}
-
-fernhorn::LabelDisplayOptions valueOptions(const char* color, double size) {
-    const QColor ink = fernhorn::kitColor(color);
-    return {.valueColor = {ink.redF(), ink.greenF(), ink.blueF(), ink.alphaF()},
-            .labelFontSize = 11,
-            .valueFontSize = size,
-            .editingFontSize = size,
-            .showSuffix = true,
-            .showName = false,
-            .labelWidth = size * 5};
-}
-
-std::shared_ptr<fernhorn::LabelFormatter> wholeNumbers(const fernhorn::AudioParameter& parameter) {
-    return std::make_shared<fernhorn::DefaultLabelFormatter>(parameter, 0);
 }
 
 } // namespace gallery

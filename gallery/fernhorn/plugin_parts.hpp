@@ -1,7 +1,8 @@
 #pragma once
 
-#include "fernhorn/format/label_display_options.hpp"
-#include "fernhorn/format/label_formatter.hpp"
+#include "fernhorn/controls/chaos_dial.hpp"
+#include "fernhorn/controls/medium_dial.hpp"
+#include "fernhorn/controls/tiny_dial.hpp"
 
 #include <QLabel>
 #include <QWidget>
@@ -11,15 +12,11 @@
 
 class QBoxLayout;
 
-namespace fernhorn {
-class AudioParameter;
-}
-
 namespace gallery {
 
 class VocoderSettings;
 
-/// A sheet of the plug-in's front, a little raised, with its heading engraved in it.
+/// A sheet of the plug-in's front, a little raised, with its heading.
 class Panel final : public QWidget {
   public:
     explicit Panel(const QString& heading);
@@ -34,23 +31,30 @@ class Panel final : public QWidget {
     QBoxLayout* row_;
 };
 
-/// A line of text in one of the plug-in's faces and colours.
+/// A line of text in the plug-in's face and one of its colours.
 QLabel* makePluginLabel(const QString& text, double size, const char* color);
 
-/// A control with its name above it.
-QWidget* named(QWidget* control, const QString& name);
+/// Where the name of a dial stands.
+enum class NamePlace { above, below };
 
-/// Buttons of one parameter, one group for screen readers, filled row by row.
+/// A dial with its parameter's name, or another.
+QWidget* makeCell(fernhorn::Dial* dial, NamePlace place, const QString& name);
+
+using Formatter = std::shared_ptr<const fernhorn::LabelFormatter>;
+using Parameter = std::shared_ptr<fernhorn::AudioParameter>;
+
+/// The dials as this plug-in has them; without a formatter they show whole numbers, and the names
+/// of indexed parameters.
+QWidget* makeChaosCell(const Parameter& parameter, Formatter formatter = nullptr);
+QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color,
+                        Formatter formatter = nullptr);
+QWidget* makeTinyCell(const Parameter& parameter, const QString& name = {});
+
+/// Buttons of one parameter, one group for screen readers, row by row.
 QWidget* makeGroup(const QString& name, const std::vector<QWidget*>& buttons, int columns);
 
-/// How the dials of the plug-in write their values; the panels write the names.
-fernhorn::LabelDisplayOptions valueOptions(const char* color, double size = 13);
-
-/// Numbers without decimal places.
-std::shared_ptr<fernhorn::LabelFormatter> wholeNumbers(const fernhorn::AudioParameter& parameter);
-
-/// The pages behind the tabs. The widgets keep the parameters they need.
-QWidget* makeVoicePage(VocoderSettings& settings);
+/// The pages behind the tabs.
+QWidget* makeVoicePage(const std::shared_ptr<VocoderSettings>& settings);
 QWidget* makeCarrierPage(VocoderSettings& settings);
 QWidget* makeMotionPage(VocoderSettings& settings);
 
