@@ -1,0 +1,12 @@
+#pragma once
+
+#include "gallery/page.hpp"
+
+namespace gallery {
+
+/// The pages of the plug-in kit, each from its own file.
+void addFernhornPages(std::vector<Page>& pages);
+
+Page pluginButtonsPage();
+
+} // namespace gallery
