@@ -2,6 +2,7 @@
 
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 
+#include <QFontMetricsF>
 #include <QPainter>
 
 namespace fernhorn {
@@ -10,6 +11,14 @@ namespace {
 constexpr double keyCaptionSize = 13; // points
 constexpr double captionInset = 5;    // from the sides of the button
 constexpr FernFont captionFace = FernFont::dosisMedium;
+
+template<class T>
+T pick(const ButtonState& state, T off, T on, T offDown, T onDown) {
+    if (state.isPressed) {
+        return state.isOn ? onDown : offDown;
+    }
+    return state.isOn ? on : off;
+}
 
 } // namespace
 
@@ -22,17 +31,11 @@ ButtonImages ButtonImages::ofKit(const char* off, const char* on, const char* of
 }
 
 const platform::ImageAsset* ButtonImages::image(const ButtonState& state) const {
-    if (state.isPressed) {
-        return state.isOn ? onDown : offDown;
-    }
-    return state.isOn ? on : off;
+    return pick(state, off, on, offDown, onDown);
 }
 
 double CaptionLift::of(const ButtonState& state) const {
-    if (state.isPressed) {
-        return pressed;
-    }
-    return state.isOn ? on : off;
+    return pick(state, off, on, offDown, onDown);
 }
 
 ButtonCaption ButtonCaption::onKey(const QString& text) {
@@ -40,7 +43,7 @@ ButtonCaption ButtonCaption::onKey(const QString& text) {
             .font = CustomFontModifier{captionFace, keyCaptionSize}.resolved(),
             .color = kitColor("chaosToggleText"),
             .pressedColor = kitColor("chaosToggleTextPressed"),
-            .lift = {.off = 5, .on = 4, .pressed = 1}};
+            .lift = {.off = 4.5, .on = 3, .offDown = 0.5, .onDown = 0.5}};
 }
 
 ButtonCaption ButtonCaption::onPanel(const QString& text, double fontSize, const QColor& color) {
@@ -48,11 +51,16 @@ ButtonCaption ButtonCaption::onPanel(const QString& text, double fontSize, const
             .font = CustomFontModifier{captionFace, fontSize}.resolved(),
             .color = color,
             .pressedColor = color,
-            .lift = {.off = 1, .on = 1, .pressed = 0}};
+            .lift = {.off = 0.5, .on = 1.5, .offDown = -0.5, .onDown = 0.5}};
 }
 
 QColor kitColor(const char* name) {
     return resourceBundle().assets().color(QString::fromLatin1(name));
+}
+
+double capitalsLift(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    return metrics.ascent() - (metrics.capHeight() + metrics.height()) / 2;
 }
 
 void paintButtonFace(QPainter& painter, const QRectF& bounds, const ButtonFace& face,
@@ -65,8 +73,9 @@ void paintButtonFace(QPainter& painter, const QRectF& bounds, const ButtonFace& 
     }
     const ButtonCaption& caption = face.caption;
     if (!caption.text.isEmpty()) {
-        const QRectF place = bounds.adjusted(captionInset, 0, -captionInset, 0)
-                                 .translated(0, -caption.lift.of(state));
+        const double lift = caption.lift.of(state) + capitalsLift(caption.font);
+        const QRectF place =
+            bounds.adjusted(captionInset, 0, -captionInset, 0).translated(0, -lift);
         layout.paint(painter, platform::toRect(place), caption.text, caption.font,
                      state.isPressed ? caption.pressedColor : caption.color);
     }

@@ -44,7 +44,8 @@ struct ButtonImages {
 struct CaptionLift {
     double off = 0;
     double on = 0;
-    double pressed = 0;
+    double offDown = 0;
+    double onDown = 0;
 
     [[nodiscard]] double of(const ButtonState& state) const;
 };
@@ -71,6 +72,10 @@ struct ButtonFace {
 
 /// A colour of the kit's bundle by name.
 [[nodiscard]] QColor kitColor(const char* name);
+
+/// How far a line of text has to be raised for its capitals, not its whole height, to stand in the
+/// middle; in points.
+[[nodiscard]] double capitalsLift(const QFont& font);
 
 /// Paints the image of the state over all of `bounds`, and the caption on it; a disabled button is
 /// half as opaque. A caption that is too long is cut at its end. `layout` keeps the caption laid

@@ -8,7 +8,7 @@
 namespace fernhorn {
 namespace {
 
-constexpr double labelSize = 14; // points
+constexpr double labelSize = 13; // points
 
 ButtonImages modernImages() {
     return ButtonImages::ofKit("modern-button", "modern-button-on", "modern-button-down",
@@ -30,7 +30,7 @@ void paintLabelled(QPainter& painter, const QRectF& body, const ButtonImages& im
                       .font = font,
                       .color = ink,
                       .pressedColor = ink,
-                      .lift = {.off = 1, .on = 1, .pressed = 0}}},
+                      .lift = {.off = 0.5, .on = 2, .offDown = -0.5, .onDown = 1}}},
                     {isOn, configuration.isPressed, configuration.isEnabled}, layout);
 }
 

@@ -13,7 +13,7 @@ ButtonFace faceOf(ChaosButtonColor color, const QString& text) {
         face.images = ButtonImages::ofKit("chaos-button-yellow", "chaos-button-yellow",
                                           "chaos-button-yellow-down", "chaos-button-yellow-down");
         face.caption.color = face.caption.pressedColor = kitColor("ChaosYellowText");
-        face.caption.lift = {.off = 2, .on = 2, .pressed = -1};
+        face.caption.lift = {.off = 2, .on = 2, .offDown = -2, .onDown = -2};
         break;
     }
     return face;

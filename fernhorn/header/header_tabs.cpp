@@ -47,7 +47,8 @@ HeaderTab::HeaderTab(const std::shared_ptr<AudioParameter>& param, int valueInde
 void HeaderTab::paintContent(QPainter& painter, const ButtonState& state) {
     const ButtonCaption& caption = face().caption;
     painter.setOpacity(state.isPressed ? pressedShare : 1);
-    layout_.paint(painter, platform::toRect(rect()), caption.text, caption.font,
+    const QRectF place = QRectF(rect()).translated(0, -capitalsLift(caption.font));
+    layout_.paint(painter, platform::toRect(place), caption.text, caption.font,
                   state.isOn ? kitColor("tabSelected") : kitColor("tabUnselected"));
     painter.setOpacity(1);
 }

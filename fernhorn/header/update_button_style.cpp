@@ -28,8 +28,9 @@ void UpdateButtonStyle::paint(QPainter& painter, const QRectF& body,
     painter.drawRoundedRect(body, radius, radius);
     painter.setPen(kitColor("background"));
     painter.setFont(font());
-    painter.drawText(body.marginsRemoved(labelPadding()), Qt::AlignCenter | Qt::TextSingleLine,
-                     configuration.label);
+    const QRectF place = body.marginsRemoved(labelPadding());
+    painter.drawText(place.translated(0, -capitalsLift(font())),
+                     Qt::AlignCenter | Qt::TextSingleLine, configuration.label);
     painter.restore();
 }
 

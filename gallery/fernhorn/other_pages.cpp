@@ -89,8 +89,8 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     auto* const clock = new Panel(QStringLiteral("Clock"));
     std::vector<QWidget*> switches;
     for (const auto which : {Which::sync, Which::follow}) {
-        switches.push_back(new ToggleButton(settings.parameter(which), std::nullopt, 13, ink,
-                                            QSizeF(92, 27)));
+        switches.push_back(
+            new ToggleButton(settings.parameter(which), std::nullopt, 13, ink, QSizeF(92, 27)));
     }
     clock->row().addWidget(makeGroup(QStringLiteral("Clock"), switches, 2), 0,
                            Qt::AlignTop | Qt::AlignLeading);

@@ -126,11 +126,11 @@ QWidget* makeChaosCell(const Parameter& parameter, Formatter formatter) {
 QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color,
                         Formatter formatter) {
     static constexpr std::array inks{"pluginBlue", "pluginYellow", "pluginRed", "pluginPurple"};
-    return makeCell(new fernhorn::MediumDial(
-                        parameter, color,
-                        valueOptions(inks.at(static_cast<std::size_t>(color)), 13),
-                        orPlain(std::move(formatter), *parameter)),
-                    NamePlace::above, nameOf(parameter));
+    return makeCell(
+        new fernhorn::MediumDial(parameter, color,
+                                 valueOptions(inks.at(static_cast<std::size_t>(color)), 13),
+                                 orPlain(std::move(formatter), *parameter)),
+        NamePlace::above, nameOf(parameter));
 }
 
 QWidget* makeTinyCell(const Parameter& parameter, const QString& name) {

@@ -41,8 +41,9 @@ PluginWindow::PluginWindow(std::shared_ptr<VocoderSettings> settings,
           settings_->parameter(VocoderParameter::page), std::move(update), FernFont::rocket,
           makeMenu())),
       pages_(new QStackedLayout) {
+    setFixedSize(width, height);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 1);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(header_);
     // The surface keeps its arrangement in every language, as hardware does.
@@ -82,9 +83,8 @@ QWidget* PluginWindow::makeMenu() {
     QObject::connect(button, &platform::Button::clicked, menu, [button, menu] {
         const bool isMirrored = button->layoutDirection() == Qt::RightToLeft;
         const QRect below = button->rect().translated(0, button->height() + 4);
-        menu->popup(button->mapToGlobal(isMirrored ? below.topLeft()
-                                                   : below.topRight() -
-                                                         QPoint(menu->sizeHint().width(), 0)));
+        menu->popup(button->mapToGlobal(
+            isMirrored ? below.topLeft() : below.topRight() - QPoint(menu->sizeHint().width(), 0)));
     });
     return button;
 }
@@ -94,8 +94,8 @@ void PluginWindow::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), fernhorn::kitColor("background"));
     // The seam below the header: a dark groove that catches light on its far edge.
     const int y = header_->geometry().bottom() + 1;
-    painter.fillRect(0, y, width(), 1, QColor(0, 0, 0, 120));
-    painter.fillRect(0, y + 1, width(), 1, QColor(255, 255, 255, 10));
+    painter.fillRect(0, y, width, 1, QColor(0, 0, 0, 120));
+    painter.fillRect(0, y + 1, width, 1, QColor(255, 255, 255, 10));
 }
 
 } // namespace gallery

@@ -20,6 +20,9 @@ namespace gallery {
 /// the page that its tabs choose. A page is made when it is first shown.
 class PluginWindow final : public QWidget {
   public:
+    static constexpr int width = 868;  // points
+    static constexpr int height = 580; // points
+
     explicit PluginWindow(std::shared_ptr<VocoderSettings> settings,
                           std::optional<fernhorn::UpdateAvailableDetails> update = {});
 

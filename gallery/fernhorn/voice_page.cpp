@@ -59,13 +59,13 @@ Panel* makeEnvelopePanel(VocoderSettings& settings) {
 }
 
 Panel* makeBandsPanel(const std::shared_ptr<VocoderSettings>& settings) {
-    static constexpr std::array frequencies{"90",  "150", "240", "380", "600", "900",
+    static constexpr std::array frequencies{"90",   "150", "240", "380",  "600", "900",
                                             "1.4k", "2k",  "3k",  "4.5k", "7k",  "11k"};
     static_assert(frequencies.size() == bandCount);
     auto* const panel = new Panel(QStringLiteral("Band gains"));
     for (std::size_t band = 0; band < bandCount; ++band) {
-        panel->row().addWidget(makeTinyCell(settings->band(band),
-                                            QString::fromLatin1(frequencies.at(band))));
+        panel->row().addWidget(
+            makeTinyCell(settings->band(band), QString::fromLatin1(frequencies.at(band))));
     }
     const auto level = [settings] {
         for (std::size_t band = 0; band < bandCount; ++band) {
@@ -97,8 +97,7 @@ Panel* makeSourcePanel(VocoderSettings& settings) {
     std::vector<QWidget*> sources;
     for (int index = 0; index < 3; ++index) {
         sources.push_back(new ModeToggleButton(settings.parameter(Which::source), index,
-                                               ToggleButtonStyle::modern, 13, ink,
-                                               QSizeF(64, 27)));
+                                               ToggleButtonStyle::modern, 13, ink, QSizeF(64, 27)));
     }
     column->addWidget(makeGroup(QStringLiteral("Source"), sources, 3));
     std::vector<QWidget*> tones;
@@ -118,8 +117,8 @@ Panel* makeSwitchPanel(VocoderSettings& settings) {
     auto* const column = makeColumn(panel->row());
     const auto ink = kitColor("buttonText");
     for (const auto which : {Which::sibilance, Which::limiter}) {
-        column->addWidget(new ToggleButton(settings.parameter(which), std::nullopt, 13, ink,
-                                           QSizeF(92, 27)));
+        column->addWidget(
+            new ToggleButton(settings.parameter(which), std::nullopt, 13, ink, QSizeF(92, 27)));
     }
     column->addStretch(1);
     auto* const keys = makeColumn(panel->row());
@@ -147,8 +146,7 @@ void roll(const VocoderSettings& settings, bool isOptionHeld, std::minstd_rand& 
 Panel* makePlayPanel(const std::shared_ptr<VocoderSettings>& settings) {
     auto* const panel = new Panel(QStringLiteral("Play"));
     panel->row().addWidget(new ParameterHoldButton(settings->parameter(Which::freeze),
-                                                   kitImage("hold-pad"),
-                                                   kitImage("hold-pad-down")),
+                                                   kitImage("hold-pad"), kitImage("hold-pad-down")),
                            0, Qt::AlignTop);
     const auto random = std::make_shared<std::minstd_rand>();
     auto* const die = new ImageButton(

@@ -1,0 +1,225 @@
+#include "fernhorn/controls/label_part.hpp"
+
+#include "fernhorn/controls/text_runs.hpp"
+#include "fernhorn/controls/value_field.hpp"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace fernhorn {
+namespace {
+
+constexpr double rowHeight = 40;
+constexpr double captionSpacing = 4;
+constexpr double suffixSpacing = 4;
+
+QColor toQColor(const core::Color& color) {
+    return QColor::fromRgbF(color.red, color.green, color.blue, color.alpha);
+}
+
+QString toQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+TextRuns& runs(FernFont font, double size) {
+    return TextRuns::withFont(CustomFontModifier{font, size}.resolved());
+}
+
+} // namespace
+
+LabelPart::LabelPart(QWidget& view, std::shared_ptr<AudioParameter> param,
+                     const LabelDisplayOptions& options,
+                     std::shared_ptr<const LabelFormatter> formatter,
+                     std::function<void()> onEditingEnded, const QColor& color, FernFont font)
+    : view_(view),
+      editing_(std::make_shared<LabelEditing>(std::move(param), std::move(formatter),
+                                              std::move(onEditingEnded))),
+      options_(options),
+      color_(color),
+      valueColor_(toQColor(options.valueColor)),
+      font_(font),
+      captionRuns_(runs(font, options.labelFontSize)),
+      valueRuns_(runs(font, options.valueFontSize)),
+      caption_(options.showName ? toQString(editing_->param()->name()).toUpper() : QString()),
+      suffix_(options.showSuffix ? toQString(editing_->param()->displayableSuffix()) : QString()) {
+    valueDidChange(editing_->param()->value());
+}
+
+LabelPart::~LabelPart() = default;
+
+double LabelPart::captionHeight() const {
+    return options_.showName ? std::ceil(captionRuns_.lineHeight()) + captionSpacing : 0;
+}
+
+double LabelPart::height() const {
+    return captionHeight() + rowHeight;
+}
+
+double LabelPart::valueWidth() const {
+    const double suffix = suffix_.isEmpty() ? 0 : suffixSpacing + valueRuns_.width(suffix_);
+    return valueRuns_.width(text_) + suffix;
+}
+
+double LabelPart::usualWidth() const {
+    const auto& param = *editing_->param();
+    const double suffix = suffix_.isEmpty() ? 0 : suffixSpacing + valueRuns_.width(suffix_);
+    double width = std::max(options_.labelWidth, captionRuns_.width(caption_));
+    for (const float value : {param.valueRange().lower, param.valueRange().upper,
+                              param.defaultValue(), param.value()}) {
+        const QString text = toQString(editing_->formatter()->format(value));
+        width = std::max(width, valueRuns_.width(text) + suffix);
+    }
+    return std::ceil(width);
+}
+
+QRectF LabelPart::rect() const {
+    const double value = editing_->isEditing() ? options_.labelWidth : valueWidth();
+    const double width = std::max(value, captionRuns_.width(caption_));
+    return {center_.x() - width / 2, center_.y() - height() / 2, width, height()};
+}
+
+QRectF LabelPart::valueRect() const {
+    return rect().adjusted(0, captionHeight(), 0, 0);
+}
+
+void LabelPart::setCenter(QPointF center) {
+    center_ = center;
+    placeField();
+}
+
+void LabelPart::placeField() {
+    if (field_ != nullptr) {
+        const QSizeF size(options_.labelWidth, field_->sizeHint().height());
+        const QPointF middle = valueRect().center();
+        field_->setGeometry(
+            QRectF(middle - QPointF(size.width(), size.height()) / 2, size).toRect());
+    }
+}
+
+void LabelPart::open() {
+    if (!editing_->click()) {
+        return;
+    }
+    focusBefore_ = QApplication::focusWidget();
+    field_ = new ValueField(view_);
+    field_->setFont(CustomFontModifier{font_, options_.editingFontSize}.resolved());
+    QPalette palette = field_->palette();
+    palette.setColor(QPalette::Text, valueColor_);
+    palette.setColor(QPalette::Base, Qt::transparent);
+    field_->setPalette(palette);
+    field_->setAccessibleName(toQString(editing_->param()->name()));
+    field_->setText(toQString(editing_->valueString()));
+    connect(field_, &QLineEdit::textChanged, this,
+            [this](const QString& text) { editing_->setValueString(text.toStdString()); });
+    connect(field_, &ValueField::submitted, this, [this] {
+        const QPointer<LabelPart> self(this);
+        editing_->submit();
+        if (self != nullptr) {
+            closeField();
+            emit submitted();
+        }
+    });
+    connect(field_, &ValueField::escaped, this, [this] {
+        const QPointer<LabelPart> self(this);
+        editing_->end();
+        if (self != nullptr) {
+            closeField();
+        }
+    });
+    connect(field_, &ValueField::left, this, &LabelPart::leave);
+    placeField();
+    field_->show();
+    field_->selectAll();
+    field_->setFocus(Qt::OtherFocusReason);
+    QApplication::instance()->installEventFilter(this);
+    view_.update();
+}
+
+void LabelPart::leave() {
+    if (editing_->isEditing()) {
+        editing_->focusLost();
+        closeField();
+    }
+}
+
+void LabelPart::closeField() {
+    QApplication::instance()->removeEventFilter(this);
+    ValueField* const field = std::exchange(field_, nullptr);
+    if (field == nullptr) {
+        return;
+    }
+    field->disconnect(this);
+    if (field->hasFocus()) {
+        // A hidden widget would hand the keyboard to the next one in the window.
+        if (focusBefore_ != nullptr && focusBefore_ != field) {
+            focusBefore_->setFocus(focusBefore_ == &view_ ? Qt::TabFocusReason
+                                                          : Qt::OtherFocusReason);
+        } else {
+            field->clearFocus();
+        }
+    }
+    field->hide();
+    field->deleteLater();
+    text_ = toQString(editing_->valueString());
+    view_.update();
+}
+
+bool LabelPart::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && field_ != nullptr && object->isWidgetType()) {
+        // Few widgets take the keyboard when they are clicked, so the click itself ends the edit.
+        const auto& pressed = static_cast<const QWidget&>(*object);
+        const bool isOwn = &pressed == field_ || field_->isAncestorOf(&pressed) ||
+                           pressed.window()->windowType() == Qt::Popup;
+        const QPointF point = static_cast<QMouseEvent*>(event)->globalPosition();
+        if (!isOwn && !rect().contains(view_.mapFromGlobal(point))) {
+            field_->clearFocus();
+            leave(); // also in a window without the keyboard
+        }
+    }
+    return QObject::eventFilter(object, event);
+}
+
+bool LabelPart::valueDidChange(float value) {
+    editing_->valueDidChange(value);
+    QString text = toQString(editing_->valueString());
+    if (field_ != nullptr) {
+        field_->setText(text);
+    }
+    if (text == text_) {
+        return false;
+    }
+    text_ = std::move(text);
+    return true;
+}
+
+void LabelPart::paint(QPainter& painter) const {
+    const QRectF all = rect();
+    if (!caption_.isEmpty()) {
+        painter.setFont(captionRuns_.font());
+        painter.setPen(color_);
+        captionRuns_.paint(
+            painter, {std::round(all.center().x() - captionRuns_.width(caption_) / 2), all.top()},
+            caption_);
+    }
+    if (editing_->isEditing()) {
+        return;
+    }
+    painter.setFont(valueRuns_.font());
+    painter.setPen(valueColor_);
+    const QPointF middle = valueRect().center();
+    QPointF at(std::round(middle.x() - valueWidth() / 2),
+               std::round(middle.y() - valueRuns_.lineHeight() / 2));
+    valueRuns_.paint(painter, at, text_);
+    if (!suffix_.isEmpty()) {
+        at.rx() += valueRuns_.width(text_) + suffixSpacing;
+        valueRuns_.paint(painter, at, suffix_);
+    }
+}
+
+} // namespace fernhorn
