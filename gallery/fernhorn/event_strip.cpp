@@ -19,7 +19,7 @@ namespace {
 using fernhorn::FernFont;
 using Type = platform::AUParameterAutomationEventType;
 
-constexpr int width = 232;
+constexpr int stripWidth = 232;
 constexpr int footer = 24;
 
 /// What a host shows for a value.
@@ -74,7 +74,7 @@ EventStrip::EventStrip(std::unique_ptr<EventLog> log, int rows)
 }
 
 QSize EventStrip::sizeHint() const {
-    return {width, rows_ * rowHeight + footer};
+    return {stripWidth, rows_ * rowHeight + footer};
 }
 
 void EventStrip::refresh() {
@@ -123,7 +123,7 @@ void EventStrip::paintEvent(QPaintEvent* /*event*/) {
     const auto& lines = log_->lines();
     const auto shown = std::min(lines.size(), static_cast<std::size_t>(rows_));
     for (std::size_t i = 0; i < shown; ++i) {
-        const QRectF row(0, static_cast<double>(i) * rowHeight, width, rowHeight);
+        const QRectF row(0, static_cast<double>(i) * rowHeight, stripWidth, rowHeight);
         // Older lines withdraw.
         painter.setOpacity(1 - 0.65 * static_cast<double>(i) / rows_);
         paintLine(painter, row, lines[i]);
@@ -135,7 +135,7 @@ void EventStrip::paintEvent(QPaintEvent* /*event*/) {
     if (log_->lostCount() > 0) {
         count += QStringLiteral(", %L1 not kept").arg(log_->lostCount());
     }
-    painter.drawText(QRectF(0, rows_ * rowHeight, width, footer), Qt::AlignBottom | Qt::AlignLeft,
+    painter.drawText(QRectF(0, rows_ * rowHeight, stripWidth, footer), Qt::AlignBottom | Qt::AlignLeft,
                      count);
 }
 

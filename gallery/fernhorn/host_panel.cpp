@@ -22,7 +22,7 @@ HostPanel::HostPanel(std::shared_ptr<VocoderSettings> settings)
       player_(settings_->unit().parameterTree()),
       events_(new EventStrip(
           std::make_unique<EventLog>(settings_->unit().parameterTree(), keptLines), rows)) {
-    setFixedWidth(width);
+    setFixedWidth(panelWidth);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(16, 12, 16, 14);
     column->setSpacing(8);

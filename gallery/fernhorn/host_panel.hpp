@@ -13,7 +13,7 @@ namespace gallery {
 /// automation into the tree. The player's thread ends with the panel.
 class HostPanel final : public QWidget, public platform::ActionTarget {
   public:
-    static constexpr int width = 264; // points
+    static constexpr int panelWidth = 264; // points
 
     explicit HostPanel(std::shared_ptr<VocoderSettings> settings);
     ~HostPanel() override;

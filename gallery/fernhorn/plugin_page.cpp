@@ -21,7 +21,7 @@ using Which = VocoderParameter;
 
 constexpr int gap = 16;
 constexpr int pageMargins = 64;
-constexpr int pageWidth = PluginWindow::width + gap + HostPanel::width + pageMargins;
+constexpr int pageWidth = PluginWindow::windowWidth + gap + HostPanel::panelWidth + pageMargins;
 
 /// A plug-in in a host: its window, and what the host hears of it.
 struct Demonstration {

@@ -41,7 +41,7 @@ PluginWindow::PluginWindow(std::shared_ptr<VocoderSettings> settings,
           settings_->parameter(VocoderParameter::page), std::move(update), FernFont::rocket,
           makeMenu())),
       pages_(new QStackedLayout) {
-    setFixedSize(width, height);
+    setFixedSize(windowWidth, windowHeight);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -94,8 +94,8 @@ void PluginWindow::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), fernhorn::kitColor("background"));
     // The seam below the header: a dark groove that catches light on its far edge.
     const int y = header_->geometry().bottom() + 1;
-    painter.fillRect(0, y, width, 1, QColor(0, 0, 0, 120));
-    painter.fillRect(0, y + 1, width, 1, QColor(255, 255, 255, 10));
+    painter.fillRect(0, y, width(), 1, QColor(0, 0, 0, 120));
+    painter.fillRect(0, y + 1, width(), 1, QColor(255, 255, 255, 10));
 }
 
 } // namespace gallery

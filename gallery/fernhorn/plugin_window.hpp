@@ -20,8 +20,8 @@ namespace gallery {
 /// the page that its tabs choose. A page is made when it is first shown.
 class PluginWindow final : public QWidget {
   public:
-    static constexpr int width = 868;  // points
-    static constexpr int height = 580; // points
+    static constexpr int windowWidth = 868;  // points
+    static constexpr int windowHeight = 580; // points
 
     explicit PluginWindow(std::shared_ptr<VocoderSettings> settings,
                           std::optional<fernhorn::UpdateAvailableDetails> update = {});
