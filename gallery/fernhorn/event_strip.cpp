@@ -70,6 +70,7 @@ EventStrip::EventStrip(std::unique_ptr<EventLog> log, int rows)
     platform::setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Events of the parameter tree"));
     setFixedWidth(stripWidth);
+    setLayoutDirection(Qt::LeftToRight); // a protocol
     log_->collect();
 }
 

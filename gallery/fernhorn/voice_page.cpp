@@ -67,6 +67,7 @@ platform::Button* makeCompareButton(const VocoderSettings& settings) {
     const auto on = std::make_shared<ModernButtonStyle>(true, kitColor("pluginGrey"));
     auto* const button = new platform::Button(QStringLiteral("Compare"), off);
     button->setCheckable(true);
+    button->setLabelWidth(keySize.width() - 24); // as wide as the key below it
     const auto comparison = std::make_shared<Comparison>(settings.parameters());
     QObject::connect(button, &platform::Button::toggled, button,
                      [button, comparison, off, on](bool isOn) {
@@ -104,7 +105,7 @@ Panel* makeBandsPanel(const std::shared_ptr<VocoderSettings>& settings) {
     side->addWidget(makeCompareButton(*settings));
     side->addStretch(1);
     side->addWidget(
-        new ChaosButton(ChaosButtonColor::yellow, QStringLiteral("Level"), level, keySize));
+        new ChaosButton(ChaosButtonColor::yellow, QStringLiteral("Flatten"), level, keySize));
     return panel;
 }
 
