@@ -15,7 +15,7 @@ class QWidget;
 
 namespace fernhorn {
 
-class TextRuns;
+class TextPictures;
 class ValueField;
 
 /// A value's label within a widget: painted as a read-out, a child widget while a value is typed. A
@@ -73,8 +73,8 @@ class LabelPart final : public QObject {
     const QColor color_;
     const QColor valueColor_;
     const FernFont font_;
-    TextRuns& captionRuns_;
-    TextRuns& valueRuns_;
+    TextPictures& captions_;
+    TextPictures& values_;
     const QString caption_; // empty: none
     const QString suffix_;  // empty: none
     QString text_;
