@@ -4,8 +4,10 @@
 
 #include "driftwood/bridges/bundle_asset_source.hpp"
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
+#include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "gallery/gallery_window.hpp"
 #include "platform/ui/appearance.hpp"
+#include "platform/ui/main_queue_driver.hpp"
 
 #include <QApplication>
 #include <QPixmap>
@@ -42,6 +44,8 @@ int main(int argc, char** argv) {
     platform::setAppearance(application, platform::Appearance::darkAqua);
     driftwood::installKitAssets();
     driftwood::resourceBundle().assets().registerFonts();
+    fernhorn::resourceBundle().assets().registerFonts();
+    const platform::MainQueueDriver driver;
 
     const QStringList arguments = QApplication::arguments();
     if (arguments.value(1) == QStringLiteral("--list")) {

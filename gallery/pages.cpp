@@ -1,4 +1,5 @@
 #include "gallery/driftwood/driftwood_pages.hpp"
+#include "gallery/fernhorn/fernhorn_pages.hpp"
 #include "gallery/page.hpp"
 
 namespace gallery {
@@ -6,6 +7,7 @@ namespace gallery {
 const std::vector<Page>& pages() {
     static const std::vector<Page> all = [] {
         std::vector<Page> made;
+        addFernhornPages(made);
         addDriftwoodButtonPages(made);
         return made;
     }();

@@ -29,7 +29,9 @@ void Button::setLabelWidth(double width) {
 QSize Button::sizeHint() const {
     const double width =
         labelWidth_ > 0 ? labelWidth_ : QFontMetricsF(style_->font()).horizontalAdvance(text());
-    return QSizeF(std::ceil(width), std::ceil(style_->height())).toSize();
+    const QMarginsF padding = style_->labelPadding();
+    return QSizeF(std::ceil(width + padding.left() + padding.right()), std::ceil(style_->height()))
+        .toSize();
 }
 
 bool Button::event(QEvent* event) {
