@@ -188,7 +188,7 @@ bool LabelPart::eventFilter(QObject* object, QEvent* event) {
 bool LabelPart::valueDidChange(float value) {
     editing_->valueDidChange(value);
     QString text = toQString(editing_->valueString());
-    if (field_ != nullptr) {
+    if (field_ != nullptr && field_->text() != text) { // else the selection stays
         field_->setText(text);
     }
     if (text == text_) {
