@@ -17,8 +17,12 @@ LeftRightArrowButton::LeftRightArrowButton(const std::shared_ptr<AudioParameter>
       leftValue_(leftValue) {}
 
 QString LeftRightArrowButton::spokenDescription() const {
+    if (isOn()) {
+        //: Which way an arrow button points
+        return tr("Left");
+    }
     //: Which way an arrow button points
-    return isOn() ? tr("Left") : tr("Right");
+    return tr("Right");
 }
 
 } // namespace fernhorn

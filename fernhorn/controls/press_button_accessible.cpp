@@ -80,17 +80,12 @@ void installPressButtonAccessibility() {
 }
 
 void announcePressed(PressButton& button) {
-    if (QAccessible::isActive()) {
-        QAccessible::State changed;
-        changed.pressed = true;
-        announceChange(button, changed);
-    }
+    QAccessible::State changed;
+    changed.pressed = true;
+    announceChange(button, changed);
 }
 
 void announceOn(PressButton& button) {
-    if (!QAccessible::isActive()) {
-        return;
-    }
     if (button.accessibleRole() == QAccessible::PageTab) {
         QAccessibleEvent event(&button, QAccessible::Selection);
         QAccessible::updateAccessibility(&event);
