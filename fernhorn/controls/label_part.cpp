@@ -166,7 +166,6 @@ void LabelPart::closeField() {
     }
     field->hide();
     field->deleteLater();
-    text_ = toQString(editing_->valueString());
     view_.update();
 }
 

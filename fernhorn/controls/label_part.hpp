@@ -59,7 +59,6 @@ class LabelPart final : public QObject {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    [[nodiscard]] QString valueText() const;
     [[nodiscard]] double valueWidth() const;
     [[nodiscard]] double captionHeight() const;
     [[nodiscard]] QRectF valueRect() const;
@@ -77,7 +76,7 @@ class LabelPart final : public QObject {
     TextPictures& values_;
     const QString caption_; // empty: none
     const QString suffix_;  // empty: none
-    QString text_;
+    QString text_;          // of the read-out
     QPointF center_;
     ValueField* field_ = nullptr; // a child of the view
     QPointer<QWidget> focusBefore_;
