@@ -192,39 +192,35 @@ int check(const ControlWindow& window, const char* what) {
     return 0;
 }
 
-int measureKnobs() {
+int measure() {
     std::vector<QPixmap> pixmaps;
     for (int i = 1; i <= frames; ++i) {
         pixmaps.push_back(pixmapOfFrame(i));
     }
     PlainWindow plain(pixmaps);
     ControlWindow knobs(makeKnob, knobSize, {0, 1});
+    ControlWindow dials(makeDial, {56, 80}, {0, 100});
     QImage target(perRow * knobSize.width(), count / perRow * knobSize.height(),
                   QImage::Format_RGB32);
     std::vector<double> plainTimes;
     std::vector<double> knobTimes;
+    std::vector<double> dialTimes;
     std::vector<double> blitTimes;
     for (int i = 0; i < rounds; ++i) { // by turns, so that the machine's moods meet all alike
         plainTimes.push_back(plain.round());
         knobTimes.push_back(knobs.round());
+        dialTimes.push_back(dials.round());
         blitTimes.push_back(blitRound(target, pixmaps, i));
     }
-    const double time = bench::median(knobTimes);
-    bench::figure("knobs_1000_frame_ms", time, "ms");
-    bench::figure("widgets_1000_frame_ms", bench::median(plainTimes), "ms");
-    bench::figure("knobs_vs_widgets", time / bench::median(plainTimes), "times");
-    bench::figure("knobs_blit_ratio", time / bench::median(blitTimes), "times");
-    return check(knobs, "knob");
-}
-
-int measureDials() {
-    ControlWindow dials(makeDial, {56, 80}, {0, 100});
-    std::vector<double> times;
-    for (int i = 0; i < rounds; ++i) {
-        times.push_back(dials.round());
-    }
-    bench::figure("dials_1000_frame_ms", bench::median(times), "ms");
-    return check(dials, "dial");
+    const double plainTime = bench::median(plainTimes);
+    const double knobTime = bench::median(knobTimes);
+    bench::figure("widgets_1000_frame_ms", plainTime, "ms");
+    bench::figure("knobs_1000_frame_ms", knobTime, "ms");
+    bench::figure("knobs_vs_widgets", knobTime / plainTime, "times");
+    bench::figure("knobs_blit_ratio", knobTime / bench::median(blitTimes), "times");
+    bench::figure("dials_1000_frame_ms", bench::median(dialTimes), "ms");
+    bench::figure("dials_vs_widgets", bench::median(dialTimes) / plainTime, "times");
+    return check(knobs, "knob") + check(dials, "dial");
 }
 
 } // namespace
@@ -233,5 +229,5 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     platform::setAppearance(application, platform::Appearance::darkAqua);
     fernhorn::resourceBundle().assets().registerFonts();
-    return measureKnobs() + measureDials();
+    return measure();
 }

@@ -15,7 +15,7 @@ class QWidget;
 
 namespace fernhorn {
 
-class TextRuns;
+class TextPictures;
 class ValueField;
 
 /// A value's label within a widget: painted as a read-out, a child widget while a value is typed. A
@@ -59,7 +59,6 @@ class LabelPart final : public QObject {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    [[nodiscard]] QString valueText() const;
     [[nodiscard]] double valueWidth() const;
     [[nodiscard]] double captionHeight() const;
     [[nodiscard]] QRectF valueRect() const;
@@ -73,11 +72,11 @@ class LabelPart final : public QObject {
     const QColor color_;
     const QColor valueColor_;
     const FernFont font_;
-    TextRuns& captionRuns_;
-    TextRuns& valueRuns_;
+    TextPictures& captions_;
+    TextPictures& values_;
     const QString caption_; // empty: none
     const QString suffix_;  // empty: none
-    QString text_;
+    QString text_;          // of the read-out
     QPointF center_;
     ValueField* field_ = nullptr; // a child of the view
     QPointer<QWidget> focusBefore_;
