@@ -15,6 +15,7 @@ namespace {
 constexpr int spacing = 24;          // points between the names
 constexpr double tabHeight = 28;     // points
 constexpr double pressedShare = 0.6; // of the opacity
+constexpr double disabledShare = 0.5;
 
 QString captionOf(const AudioParameter& param, int index) {
     return QLocale().toUpper(
@@ -46,7 +47,7 @@ HeaderTab::HeaderTab(const std::shared_ptr<AudioParameter>& param, int valueInde
 
 void HeaderTab::paintContent(QPainter& painter, const ButtonState& state) {
     const ButtonCaption& caption = face().caption;
-    painter.setOpacity(state.isPressed ? pressedShare : 1);
+    painter.setOpacity(!state.isEnabled ? disabledShare : state.isPressed ? pressedShare : 1);
     const QRectF place = QRectF(rect()).translated(0, -capitalsLift(caption.font));
     layout_.paint(painter, platform::toRect(place), caption.text, caption.font,
                   state.isOn ? kitColor("tabSelected") : kitColor("tabUnselected"));

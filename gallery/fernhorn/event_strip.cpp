@@ -132,7 +132,8 @@ void EventStrip::paintEvent(QPaintEvent* /*event*/) {
     painter.setOpacity(1);
     painter.setFont(smallFont_);
     painter.setPen(fernhorn::kitColor("versionInfo"));
-    auto count = QStringLiteral("%L1 events").arg(log_->eventCount());
+    auto count = log_->eventCount() == 1 ? QStringLiteral("1 event")
+                                         : QStringLiteral("%L1 events").arg(log_->eventCount());
     if (log_->lostCount() > 0) {
         count += QStringLiteral(", %L1 not kept").arg(log_->lostCount());
     }

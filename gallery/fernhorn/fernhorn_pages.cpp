@@ -3,7 +3,8 @@
 namespace gallery {
 
 void addFernhornPages(std::vector<Page>& pages) {
-    for (const auto& make : {pluginWindowPage, pluginStatesPage, pluginButtonsPage}) {
+    for (const auto& make :
+         {pluginWindowPage, pluginTabsPage, pluginStatesPage, pluginButtonsPage}) {
         pages.push_back(make());
     }
 }

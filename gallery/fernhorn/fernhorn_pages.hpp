@@ -8,6 +8,7 @@ namespace gallery {
 void addFernhornPages(std::vector<Page>& pages);
 
 Page pluginWindowPage();
+Page pluginTabsPage();
 Page pluginStatesPage();
 Page pluginButtonsPage();
 

@@ -2,7 +2,9 @@
 #include "fernhorn/controls/mode_toggle_button.hpp"
 #include "fernhorn/controls/toggle_button.hpp"
 #include "gallery/fernhorn/plugin_parts.hpp"
+#include "gallery/fernhorn/screen.hpp"
 #include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
+#include "gallery/fernhorn/vocoder/waves.hpp"
 
 #include <QVBoxLayout>
 
@@ -20,13 +22,50 @@ QVBoxLayout* makePage(QWidget& page) {
     return column;
 }
 
-void addRow(QVBoxLayout& column, std::initializer_list<Panel*> panels) {
+void addRow(QVBoxLayout& column, std::initializer_list<Panel*> panels, int stretch = 0) {
     auto* const row = new QHBoxLayout;
     row->setSpacing(12);
     for (Panel* const panel : panels) {
         row->addWidget(panel, 1);
     }
-    column.addLayout(row);
+    column.addLayout(row, stretch);
+}
+
+Panel* makeCarrierScreen(VocoderSettings& settings) {
+    auto* const panel = new Panel(QStringLiteral("Waveform"));
+    const auto source = settings.parameter(Which::source);
+    const auto width = settings.parameter(Which::width);
+    const auto detune = settings.parameter(Which::detune);
+    const auto unison = settings.parameter(Which::unison);
+    panel->row().addWidget(
+        new WaveScreen(QStringLiteral("Waveform of the carrier"), {source, width, detune, unison},
+                       4, [=](double turns) {
+                           const auto& voices = *unison->valueStrings();
+                           const auto index = static_cast<std::size_t>(unison->value());
+                           return Carrier{.wave = static_cast<CarrierWave>(source->value()),
+                                          .width = static_cast<double>(width->value()) / 100,
+                                          .detune = static_cast<double>(detune->value()),
+                                          .voices = std::stoi(voices.at(index))}
+                               .at(turns);
+                       }));
+    return panel;
+}
+
+Panel* makeMotionScreen(VocoderSettings& settings) {
+    auto* const panel = new Panel(QStringLiteral("Shape over four turns"));
+    const auto shape = settings.parameter(Which::shape);
+    const auto depth = settings.parameter(Which::depth);
+    const auto phase = settings.parameter(Which::phase);
+    const auto swing = settings.parameter(Which::swing);
+    panel->row().addWidget(new WaveScreen(
+        QStringLiteral("Shape of the motion"), {shape, depth, phase, swing}, 4, [=](double turns) {
+            return Motion{.shape = static_cast<MotionShape>(shape->value()),
+                          .depth = static_cast<double>(depth->value()) / 100,
+                          .offset = static_cast<double>(phase->value()) / 360,
+                          .swing = static_cast<double>(swing->value()) / 100}
+                .at(turns);
+        }));
+    return panel;
 }
 
 } // namespace
@@ -46,6 +85,7 @@ QWidget* makeCarrierPage(VocoderSettings& settings) {
         voices->row().addWidget(makeChaosCell(settings.parameter(which)));
     }
     addRow(*column, {oscillator, voices});
+    addRow(*column, {makeCarrierScreen(settings)}, 1);
     auto* const octave = new Panel(QStringLiteral("Octave"));
     std::vector<QWidget*> keys;
     for (int index = 0; index < 3; ++index) {
@@ -59,7 +99,6 @@ QWidget* makeCarrierPage(VocoderSettings& settings) {
     character->row().addWidget(makeTinyCell(settings.parameter(Which::drift)));
     character->row().addStretch(1);
     addRow(*column, {octave, character});
-    column->addStretch(1);
     return page;
 }
 
@@ -73,8 +112,8 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     auto* const feel = new Panel(QStringLiteral("Feel"));
     feel->row().addWidget(makeChaosCell(settings.parameter(Which::swing)));
     feel->row().addWidget(makeChaosCell(settings.parameter(Which::smooth)));
-    feel->row().addStretch(1);
     addRow(*column, {wave, feel});
+    addRow(*column, {makeMotionScreen(settings)}, 1);
     auto* const shape = new Panel(QStringLiteral("Shape"));
     const auto ink = kitColor("buttonText");
     std::vector<QWidget*> shapes;
@@ -93,7 +132,6 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     clock->row().addWidget(makeGroup(QStringLiteral("Clock"), switches, 2), 0,
                            Qt::AlignTop | Qt::AlignLeading);
     addRow(*column, {shape, clock});
-    column->addStretch(1);
     return page;
 }
 

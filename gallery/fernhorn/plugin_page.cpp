@@ -87,6 +87,25 @@ Page pluginWindowPage() {
             .width = pageWidth};
 }
 
+Page pluginTabsPage() {
+    return {.identifier = QStringLiteral("plugin-window-tabs"),
+            .group = QStringLiteral("Fernhorn"),
+            .title = QStringLiteral("Plug-in window: other tabs"),
+            .summary = QStringLiteral("The pages behind the second and the third tab."),
+            .build =
+                [](QWidget& view) {
+                    for (const float tab : {1.0F, 2.0F}) {
+                        const auto shown = addDemonstration(view);
+                        shown.settings->parameter(Which::page)
+                            ->setValue(tab, fernhorn::ParameterEditor::ui,
+                                       fernhorn::ParameterEditorState::change);
+                        core::MainQueue::shared().drain();
+                        shown.host->events().refresh();
+                    }
+                },
+            .width = pageWidth};
+}
+
 Page pluginStatesPage() {
     return {.identifier = QStringLiteral("plugin-window-states"),
             .group = QStringLiteral("Fernhorn"),

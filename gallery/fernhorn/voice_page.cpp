@@ -9,8 +9,8 @@
 #include "fernhorn/controls/toggle_button.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
-#include "gallery/fernhorn/band_curve.hpp"
 #include "gallery/fernhorn/plugin_parts.hpp"
+#include "gallery/fernhorn/screen.hpp"
 #include "gallery/fernhorn/vocoder/comparison.hpp"
 #include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
 #include "platform/ui/button.hpp"
@@ -93,7 +93,7 @@ Panel* makeBandsPanel(const std::shared_ptr<VocoderSettings>& settings) {
                         column);
         grid->setColumnStretch(column, 1);
     }
-    grid->addWidget(new BandCurve(bands), 0, 0, 1, bandCount);
+    grid->addWidget(new BandScreen(bands), 0, 0, 1, bandCount);
     panel->row().addLayout(grid, 1);
     const auto level = [settings] {
         for (std::size_t band = 0; band < bandCount; ++band) {
