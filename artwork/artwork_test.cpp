@@ -400,12 +400,13 @@ TEST(Knobs, TurnThroughTheirSweepUnderALightThatStays) {
         QPointF axis;
         double face; ///< the radius within the cap's rim, where the indicator is the brightest
     };
-    constexpr QPointF mediumAxis(34, 29.5);
+    constexpr QPointF mediumAxis(34, 28.5);
     const auto all = drawingsOf("Fernhorn_Fernhorn", fonts);
     for (const auto& [prefix, axis, face] :
-         {Strip{"chaos-dial-grey_", {28, 21.5}, 12.6}, Strip{"dial-medium-blue-", mediumAxis, 14},
-          Strip{"dial-medium-yellow-", mediumAxis, 14}, Strip{"dial-medium-red-", mediumAxis, 14},
-          Strip{"dial-medium-purple-", mediumAxis, 14},
+         {Strip{"chaos-dial-grey_", {28, 20.5}, 12}, Strip{"dial-medium-blue-", mediumAxis, 13.4},
+          Strip{"dial-medium-yellow-", mediumAxis, 13.4},
+          Strip{"dial-medium-red-", mediumAxis, 13.4},
+          Strip{"dial-medium-purple-", mediumAxis, 13.4},
           Strip{"dial-small-grey-", {17, 20}, 11.6}}) {
         for (int frame = 1; frame <= 51; ++frame) {
             const auto name =

@@ -215,10 +215,10 @@ void addStrip(std::vector<Drawing>& drawings, const QString& prefix, const Knob&
 
 void addKnobs(std::vector<Drawing>& drawings) {
     addStrip(drawings, "knobs/chaos-dial-grey_",
-             {{56, 64}, {28, 21.5}, 19, 14.6, 2.4, 0.4, 22, 0, 0, color("Grey 100%")});
+             {{56, 64}, {28, 20.5}, 18, 13.8, 2.4, 0.4, 22, 0, 0, color("Grey 100%")});
     addStrip(drawings, "knobs/dial-small-grey-",
              {{34, 40}, {17, 20}, 13.4, 12.8, 1.8, 0.8, 0, 15.8, 9.2, color("Kestrel/Aqua")});
-    const Knob medium{{68, 84}, {34, 29.5}, 21, 16, 2.5, 0.4, 24, 26.8, 0, {}};
+    const Knob medium{{68, 84}, {34, 28.5}, 20, 15.2, 2.5, 0.4, 24, 25.8, 0, {}};
     struct Variant {
         const char* name;
         const char* color;

@@ -69,7 +69,8 @@ EventStrip::EventStrip(std::unique_ptr<EventLog> log, int rows)
       smallFont_(fernhorn::CustomFontModifier{FernFont::dosisMedium, 11}.resolved()) {
     platform::setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Events of the parameter tree"));
-    setFixedSize(sizeHint());
+    setFixedWidth(stripWidth);
+    setLayoutDirection(Qt::LeftToRight); // a protocol
     log_->collect();
 }
 
@@ -135,8 +136,8 @@ void EventStrip::paintEvent(QPaintEvent* /*event*/) {
     if (log_->lostCount() > 0) {
         count += QStringLiteral(", %L1 not kept").arg(log_->lostCount());
     }
-    painter.drawText(QRectF(0, rows_ * rowHeight, stripWidth, footer), Qt::AlignBottom | Qt::AlignLeft,
-                     count);
+    painter.drawText(QRectF(0, rows_ * rowHeight, stripWidth, footer),
+                     Qt::AlignBottom | Qt::AlignLeft, count);
 }
 
 } // namespace gallery

@@ -39,8 +39,7 @@ HostPanel::HostPanel(std::shared_ptr<VocoderSettings> settings)
         *this);
     column->addWidget(play);
     column->addSpacing(4);
-    column->addWidget(events_);
-    column->addStretch(1);
+    column->addWidget(events_, 1);
 }
 
 HostPanel::~HostPanel() {

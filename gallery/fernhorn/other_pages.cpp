@@ -2,7 +2,6 @@
 #include "fernhorn/controls/mode_toggle_button.hpp"
 #include "fernhorn/controls/toggle_button.hpp"
 #include "gallery/fernhorn/plugin_parts.hpp"
-#include "gallery/fernhorn/vocoder/frequency_formatter.hpp"
 #include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
 
 #include <QVBoxLayout>
@@ -68,8 +67,7 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     auto* const page = new QWidget;
     auto* const column = makePage(*page);
     auto* const wave = new Panel(QStringLiteral("Wave"));
-    wave->row().addWidget(makeMediumCell(settings.parameter(Which::rate), SmallDialColor::purple,
-                                         std::make_shared<FrequencyFormatter>()));
+    wave->row().addWidget(makeMediumCell(settings.parameter(Which::rate), SmallDialColor::purple));
     wave->row().addWidget(makeMediumCell(settings.parameter(Which::depth), SmallDialColor::blue));
     wave->row().addWidget(makeMediumCell(settings.parameter(Which::phase), SmallDialColor::red));
     auto* const feel = new Panel(QStringLiteral("Feel"));

@@ -80,7 +80,7 @@ void pressAll(QWidget& window) {
 Page pluginWindowPage() {
     return {.identifier = QStringLiteral("plugin-window"),
             .group = QStringLiteral("Fernhorn"),
-            .title = QStringLiteral("A plug-in window"),
+            .title = QStringLiteral("Plug-in window"),
             .summary = QStringLiteral("A vocoder's window, made of the kit and bound to its "
                                       "parameters, and beside it what the host hears."),
             .build = [](QWidget& view) { touchSome(addDemonstration(view)); },
@@ -90,7 +90,7 @@ Page pluginWindowPage() {
 Page pluginStatesPage() {
     return {.identifier = QStringLiteral("plugin-window-states"),
             .group = QStringLiteral("Fernhorn"),
-            .title = QStringLiteral("A plug-in window in its states"),
+            .title = QStringLiteral("Plug-in window: states"),
             .summary = QStringLiteral("The same under automation, with every button held and an "
                                       "update to be had; and disabled."),
             .build =

@@ -4,6 +4,8 @@
 #include "fernhorn/fonts/fern_font.hpp"
 #include "fernhorn/format/default_label_formatter.hpp"
 #include "fernhorn/format/label_name_formatter.hpp"
+#include "gallery/fernhorn/vocoder/frequency_formatter.hpp"
+#include "gallery/fernhorn/vocoder/gain_formatter.hpp"
 #include "platform/ui/accessible_role.hpp"
 #include "platform/ui/padded_item.hpp"
 
@@ -13,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 
 namespace gallery {
 
@@ -25,30 +28,71 @@ QColor white(double opacity) {
     return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
 }
 
+// The values of both kinds of dial stand on one line. Points.
+constexpr int chaosDrop = 10;
+constexpr int chaosSpare = 22; // below the value
+constexpr int mediumSpare = 32;
+
 /// The panels write the names, so the dials do not.
-LabelDisplayOptions valueOptions(const char* color, double size) {
+LabelDisplayOptions valueOptions(const char* color, double size, bool showSuffix) {
     const QColor ink = fernhorn::kitColor(color);
     return {.valueColor = {ink.redF(), ink.greenF(), ink.blueF(), ink.alphaF()},
             .labelFontSize = 11,
             .valueFontSize = size,
             .editingFontSize = size,
-            .showSuffix = true,
+            .showSuffix = showSuffix,
             .showName = false,
             .labelWidth = size * 5};
 }
 
-Formatter orPlain(Formatter formatter, const fernhorn::AudioParameter& parameter) {
-    if (formatter != nullptr) {
-        return formatter;
-    }
-    if (parameter.valueStrings()) {
+using Formatter = std::shared_ptr<const fernhorn::LabelFormatter>;
+using Unit = platform::AudioUnitParameterUnit;
+
+Formatter usualFormatter(const fernhorn::AudioParameter& parameter) {
+    switch (parameter.units()) {
+    case Unit::indexed:
         return std::make_shared<fernhorn::LabelNameFormatter>(parameter);
+    case Unit::hertz:
+        return std::make_shared<FrequencyFormatter>();
+    case Unit::absoluteCents:
+    case Unit::decibels:
+        return std::make_shared<fernhorn::DefaultLabelFormatter>(parameter, 1);
+    default:
+        return std::make_shared<fernhorn::DefaultLabelFormatter>(parameter, 0);
     }
-    return std::make_shared<fernhorn::DefaultLabelFormatter>(parameter, 0);
+}
+
+/// The formatter of frequencies writes the unit itself.
+bool showsSuffix(const fernhorn::AudioParameter& parameter) {
+    return parameter.units() != Unit::hertz;
 }
 
 QString nameOf(const Parameter& parameter) {
     return QString::fromStdString(parameter->name());
+}
+
+/// Where the name of a dial stands.
+enum class NamePlace { above, below };
+
+QWidget* makeCell(fernhorn::Dial* dial, const QMargins& room, NamePlace place,
+                  const QString& name) {
+    auto* const cell = new QWidget;
+    auto* const column = new QVBoxLayout(cell);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    auto* const label = makePluginLabel(name.toUpper(), 12, "pluginGrey");
+    if (place == NamePlace::above) {
+        column->addWidget(label, 0, Qt::AlignHCenter);
+    }
+    dial->setParent(cell);
+    auto* const item = new platform::PaddedItem(dial, room);
+    item->setAlignment(Qt::AlignHCenter);
+    column->addItem(item);
+    if (place == NamePlace::below) {
+        column->addWidget(label, 0, Qt::AlignHCenter);
+    }
+    column->addStretch(1);
+    return cell;
 }
 
 } // namespace
@@ -94,51 +138,40 @@ QLabel* makePluginLabel(const QString& text, double size, const char* color) {
     label->setTextFormat(Qt::PlainText);
     fernhorn::fernFont(*label, FernFont::dosisMedium, size);
     QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, fernhorn::kitColor(color));
+    QColor ink = fernhorn::kitColor(color);
+    palette.setColor(QPalette::WindowText, ink);
+    ink.setAlphaF(0.5F);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, ink);
     label->setPalette(palette);
     return label;
 }
 
-QWidget* makeCell(fernhorn::Dial* dial, NamePlace place, const QString& name) {
-    auto* const cell = new QWidget;
-    auto* const column = new QVBoxLayout(cell);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(4);
-    auto* const label = makePluginLabel(name.toUpper(), 12, "pluginGrey");
-    if (place == NamePlace::above) {
-        column->addWidget(label, 0, Qt::AlignHCenter);
-    }
-    column->addWidget(dial, 0, Qt::AlignHCenter);
-    if (place == NamePlace::below) {
-        column->addWidget(label, 0, Qt::AlignHCenter);
-    }
-    column->addStretch(1);
-    return cell;
-}
-
-QWidget* makeChaosCell(const Parameter& parameter, Formatter formatter) {
+QWidget* makeChaosCell(const Parameter& parameter) {
     return makeCell(new fernhorn::ChaosDial(parameter, fernhorn::ModernDialColor::grey,
-                                            valueOptions("buttonText", 14),
-                                            orPlain(std::move(formatter), *parameter)),
-                    NamePlace::above, nameOf(parameter));
+                                            valueOptions("buttonText", 14, showsSuffix(*parameter)),
+                                            usualFormatter(*parameter)),
+                    {0, chaosDrop, 0, -chaosSpare}, NamePlace::above, nameOf(parameter));
 }
 
-QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color,
-                        Formatter formatter) {
+QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color) {
     static constexpr std::array inks{"pluginBlue", "pluginYellow", "pluginRed", "pluginPurple"};
-    return makeCell(
-        new fernhorn::MediumDial(parameter, color,
-                                 valueOptions(inks.at(static_cast<std::size_t>(color)), 13),
-                                 orPlain(std::move(formatter), *parameter)),
-        NamePlace::above, nameOf(parameter));
+    const char* const ink = inks.at(static_cast<std::size_t>(color));
+    return makeCell(new fernhorn::MediumDial(parameter, color,
+                                             valueOptions(ink, 13, showsSuffix(*parameter)),
+                                             usualFormatter(*parameter)),
+                    {0, 0, 0, -mediumSpare}, NamePlace::above, nameOf(parameter));
 }
 
 QWidget* makeTinyCell(const Parameter& parameter, const QString& name) {
-    auto options = valueOptions("buttonText", 9);
-    options.showSuffix = false; // no room in the window of the knob
+    // There is no room for the unit in the window of the knob.
+    auto options = valueOptions("buttonText", 9, false);
     options.labelWidth = 40;
-    return makeCell(new fernhorn::TinyDial(parameter, options, orPlain(nullptr, *parameter)),
-                    NamePlace::below, name.isEmpty() ? nameOf(parameter) : name);
+    Formatter formatter = usualFormatter(*parameter);
+    if (parameter->units() == Unit::decibels) {
+        formatter = std::make_shared<GainFormatter>();
+    }
+    return makeCell(new fernhorn::TinyDial(parameter, options, formatter), {}, NamePlace::below,
+                    name.isEmpty() ? nameOf(parameter) : name);
 }
 
 QWidget* makeGroup(const QString& name, const std::vector<QWidget*>& buttons, int columns) {

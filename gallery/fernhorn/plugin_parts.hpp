@@ -34,20 +34,11 @@ class Panel final : public QWidget {
 /// A line of text in the plug-in's face and one of its colours.
 QLabel* makePluginLabel(const QString& text, double size, const char* color);
 
-/// Where the name of a dial stands.
-enum class NamePlace { above, below };
-
-/// A dial with its parameter's name, or another.
-QWidget* makeCell(fernhorn::Dial* dial, NamePlace place, const QString& name);
-
-using Formatter = std::shared_ptr<const fernhorn::LabelFormatter>;
 using Parameter = std::shared_ptr<fernhorn::AudioParameter>;
 
-/// The dials as this plug-in has them; without a formatter they show whole numbers, and the names
-/// of indexed parameters.
-QWidget* makeChaosCell(const Parameter& parameter, Formatter formatter = nullptr);
-QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color,
-                        Formatter formatter = nullptr);
+/// The dials as this plug-in has them, with the name of the parameter, or another.
+QWidget* makeChaosCell(const Parameter& parameter);
+QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color);
 QWidget* makeTinyCell(const Parameter& parameter, const QString& name = {});
 
 /// Buttons of one parameter, one group for screen readers, row by row.

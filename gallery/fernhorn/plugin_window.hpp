@@ -21,7 +21,7 @@ namespace gallery {
 class PluginWindow final : public QWidget {
   public:
     static constexpr int windowWidth = 868;  // points
-    static constexpr int windowHeight = 580; // points
+    static constexpr int windowHeight = 564; // points
 
     explicit PluginWindow(std::shared_ptr<VocoderSettings> settings,
                           std::optional<fernhorn::UpdateAvailableDetails> update = {});

@@ -9,12 +9,16 @@
 #include "fernhorn/controls/toggle_button.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
+#include "gallery/fernhorn/band_curve.hpp"
 #include "gallery/fernhorn/plugin_parts.hpp"
-#include "gallery/fernhorn/vocoder/frequency_formatter.hpp"
+#include "gallery/fernhorn/vocoder/comparison.hpp"
 #include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
+#include "platform/ui/button.hpp"
 
+#include <QGridLayout>
 #include <QVBoxLayout>
 
+#include <array>
 #include <random>
 
 namespace gallery {
@@ -40,10 +44,9 @@ QVBoxLayout* makeColumn(QBoxLayout& row) {
 }
 
 Panel* makeVoicePanel(VocoderSettings& settings) {
-    auto* const panel = new Panel(QStringLiteral("Voice"));
+    auto* const panel = new Panel(QStringLiteral("Tone"));
     auto& row = panel->row();
-    row.addWidget(makeMediumCell(settings.parameter(Which::cutoff), SmallDialColor::blue,
-                                 std::make_shared<FrequencyFormatter>()));
+    row.addWidget(makeMediumCell(settings.parameter(Which::cutoff), SmallDialColor::blue));
     row.addWidget(makeMediumCell(settings.parameter(Which::drive), SmallDialColor::yellow));
     row.addWidget(makeMediumCell(settings.parameter(Which::formant), SmallDialColor::red));
     row.addWidget(makeMediumCell(settings.parameter(Which::blend), SmallDialColor::purple));
@@ -58,24 +61,51 @@ Panel* makeEnvelopePanel(VocoderSettings& settings) {
     return panel;
 }
 
+/// Latches while the other set of values is heard.
+platform::Button* makeCompareButton(const VocoderSettings& settings) {
+    const auto off = std::make_shared<ModernButtonStyle>(false, kitColor("pluginGrey"));
+    const auto on = std::make_shared<ModernButtonStyle>(true, kitColor("pluginGrey"));
+    auto* const button = new platform::Button(QStringLiteral("Compare"), off);
+    button->setCheckable(true);
+    button->setLabelWidth(keySize.width() - 24); // as wide as the key below it
+    const auto comparison = std::make_shared<Comparison>(settings.parameters());
+    QObject::connect(button, &platform::Button::toggled, button,
+                     [button, comparison, off, on](bool isOn) {
+                         comparison->swap();
+                         button->setButtonStyle(isOn ? on : off);
+                     });
+    return button;
+}
+
 Panel* makeBandsPanel(const std::shared_ptr<VocoderSettings>& settings) {
     static constexpr std::array frequencies{"90",   "150", "240", "380",  "600", "900",
                                             "1.4k", "2k",  "3k",  "4.5k", "7k",  "11k"};
     static_assert(frequencies.size() == bandCount);
     auto* const panel = new Panel(QStringLiteral("Band gains"));
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(8);
+    std::vector<Parameter> bands;
     for (std::size_t band = 0; band < bandCount; ++band) {
-        panel->row().addWidget(
-            makeTinyCell(settings->band(band), QString::fromLatin1(frequencies.at(band))));
+        const int column = static_cast<int>(band);
+        bands.push_back(settings->band(band));
+        grid->addWidget(makeTinyCell(bands.back(), QString::fromLatin1(frequencies.at(band))), 1,
+                        column);
+        grid->setColumnStretch(column, 1);
     }
+    grid->addWidget(new BandCurve(bands), 0, 0, 1, bandCount);
+    panel->row().addLayout(grid, 1);
     const auto level = [settings] {
         for (std::size_t band = 0; band < bandCount; ++band) {
             ParameterGesture(settings->band(band)).change(0);
         }
     };
     panel->row().addSpacing(8);
-    panel->row().addWidget(
-        new ChaosButton(ChaosButtonColor::yellow, QStringLiteral("Level"), level, keySize), 0,
-        Qt::AlignTop);
+    auto* const side = makeColumn(panel->row());
+    side->addWidget(makeCompareButton(*settings));
+    side->addStretch(1);
+    side->addWidget(
+        new ChaosButton(ChaosButtonColor::yellow, QStringLiteral("Flatten"), level, keySize));
     return panel;
 }
 
@@ -143,11 +173,21 @@ void roll(const VocoderSettings& settings, bool isOptionHeld, std::minstd_rand& 
     }
 }
 
+QWidget* makeCaptioned(QWidget* button, const QString& caption) {
+    auto* const cell = new QWidget;
+    auto* const column = new QVBoxLayout(cell);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(8);
+    column->addWidget(button, 1, Qt::AlignCenter);
+    column->addWidget(makePluginLabel(caption.toUpper(), 12, "pluginGrey"), 0, Qt::AlignHCenter);
+    return cell;
+}
+
 Panel* makePlayPanel(const std::shared_ptr<VocoderSettings>& settings) {
     auto* const panel = new Panel(QStringLiteral("Play"));
-    panel->row().addWidget(new ParameterHoldButton(settings->parameter(Which::freeze),
-                                                   kitImage("hold-pad"), kitImage("hold-pad-down")),
-                           0, Qt::AlignTop);
+    auto* const pad = new ParameterHoldButton(settings->parameter(Which::freeze),
+                                              kitImage("hold-pad"), kitImage("hold-pad-down"));
+    panel->row().addWidget(makeCaptioned(pad, QStringLiteral("Freeze")));
     const auto random = std::make_shared<std::minstd_rand>();
     auto* const die = new ImageButton(
         kitImage("die-button"), kitImage("die-button-down"),
@@ -155,7 +195,7 @@ Panel* makePlayPanel(const std::shared_ptr<VocoderSettings>& settings) {
         QSizeF(36, 36));
     die->setAccessibleName(QStringLiteral("Roll the die"));
     die->setToolTip(QStringLiteral("New values; with Alt the original ones"));
-    panel->row().addWidget(die, 0, Qt::AlignTop);
+    panel->row().addWidget(makeCaptioned(die, QStringLiteral("Roll")));
     return panel;
 }
 
@@ -166,18 +206,19 @@ QWidget* makeVoicePage(const std::shared_ptr<VocoderSettings>& settings) {
     auto* const column = new QVBoxLayout(page);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(12);
-    const auto addRow = [column](std::initializer_list<Panel*> panels) {
+    const auto addRow = [column](std::initializer_list<Panel*> panels, int stretch) {
         auto* const row = new QHBoxLayout;
         row->setSpacing(12);
         for (Panel* const panel : panels) {
             row->addWidget(panel, 1);
         }
-        column->addLayout(row);
+        column->addLayout(row, stretch);
     };
-    addRow({makeVoicePanel(*settings), makeEnvelopePanel(*settings)});
-    addRow({makeBandsPanel(settings)});
+    addRow({makeVoicePanel(*settings), makeEnvelopePanel(*settings)}, 0);
+    addRow({makeBandsPanel(settings)}, 1);
     addRow({makeModePanel(*settings), makeSourcePanel(*settings), makeSwitchPanel(*settings),
-            makePlayPanel(settings)});
+            makePlayPanel(settings)},
+           0);
     return page;
 }
 

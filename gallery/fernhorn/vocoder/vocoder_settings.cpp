@@ -57,7 +57,7 @@ std::vector<Description> descriptions() {
         {Which::attack, "attack", "Attack", Unit::milliseconds, {1, 500}, 8, around(40)},
         choice(Which::bands, "bands", "Bands", {"8", "12", "16", "20", "24", "32", "40"}, 4),
         {Which::release, "release", "Release", Unit::milliseconds, {10, 4000}, 240, around(300)},
-        {Which::tilt, "tilt", "Tilt", Unit::decibels, {-12, 12}, 3},
+        {Which::tilt, "tilt", "Tilt", Unit::decibels, {-12, 12}, 1.5F},
         choice(Which::mode, "mode", "Mode", {"Vocode", "Robot", "Choir", "Whisper"}),
         choice(Which::direction, "direction", "Direction", {"Forward", "Reverse"}),
         toggle(Which::sibilance, "sibilance", "Sibilance", 1),
@@ -90,8 +90,11 @@ std::vector<Description> descriptions() {
 } // namespace
 
 float bandGain(float tilt, std::size_t band) {
+    // Two formants of a voice, on which the tilt lies.
+    static constexpr std::array<float, bandCount> shape{-3, 0, 4, 6, 2, -2, -1, 3, 5, 1, -3, -6};
     constexpr float middle = (bandCount - 1) / 2.0F;
-    return tilt * (static_cast<float>(band) - middle) / middle;
+    const float slope = (static_cast<float>(band) - middle) / middle;
+    return std::clamp(shape.at(band) + tilt * slope, -12.0F, 12.0F);
 }
 
 void VocoderUnit::setParameter(AUParameterAddress address, float value) {

@@ -1,6 +1,8 @@
 #include "gallery/fernhorn/vocoder/automation_player.hpp"
+#include "gallery/fernhorn/vocoder/comparison.hpp"
 #include "gallery/fernhorn/vocoder/event_log.hpp"
 #include "gallery/fernhorn/vocoder/frequency_formatter.hpp"
+#include "gallery/fernhorn/vocoder/gain_formatter.hpp"
 #include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
 
 #include "fernhorn/model/parameter_gesture.hpp"
@@ -41,11 +43,35 @@ TEST_F(VocoderTest, TheBandsFollowTheTiltOnTheScreenInTheUnitAndForTheHost) {
     settings->parameter(VocoderParameter::tilt)
         ->setValue(-12, fernhorn::ParameterEditor::ui, fernhorn::ParameterEditorState::change);
     queue.drain();
-    EXPECT_EQ(settings->band(0)->value(), 12);
-    EXPECT_EQ(settings->band(bandCount - 1)->value(), -12);
-    EXPECT_EQ(settings->unit().processedValue(addressOfBand(0)), 12);
+    EXPECT_EQ(settings->band(0)->value(), 9);
+    EXPECT_EQ(settings->band(bandCount - 1)->value(), -12) << "beyond the range";
+    EXPECT_EQ(settings->unit().processedValue(addressOfBand(0)), 9);
     ASSERT_TRUE(log.collect());
     EXPECT_EQ(log.lines().size(), 1 + bandCount);
+}
+
+TEST_F(VocoderTest, ComparingExchangesAllValuesAlsoThoseThatFollowOthers) {
+    Comparison comparison(settings->parameters());
+    const auto set = [](const auto& parameter, float value) {
+        parameter->setValue(value, fernhorn::ParameterEditor::ui,
+                            fernhorn::ParameterEditorState::change);
+    };
+    set(settings->parameter(VocoderParameter::tilt), 6);
+    queue.drain();
+    set(settings->band(3), -7);
+    set(settings->parameter(VocoderParameter::mode), 2);
+    queue.drain();
+
+    comparison.swap();
+    queue.drain();
+    for (const auto& parameter : settings->parameters()) {
+        EXPECT_EQ(parameter->value(), parameter->defaultValue()) << parameter->name();
+    }
+    comparison.swap();
+    queue.drain();
+    EXPECT_EQ(shown(VocoderParameter::tilt), 6);
+    EXPECT_EQ(settings->band(3)->value(), -7) << "the tilt has had the last word";
+    EXPECT_EQ(shown(VocoderParameter::mode), 2);
 }
 
 TEST_F(VocoderTest, AutomationFromAnotherThreadIsTheSameEveryTime) {
@@ -115,6 +141,14 @@ TEST_F(VocoderTest, TheLogKeepsTouchesApartAndMergesValuesWithinBounds) {
     EXPECT_EQ(log.lines().size(), room);
     EXPECT_GT(log.lostCount(), 0U) << "20,000 events were kept";
     queue.drain();
+}
+
+TEST(GainFormatterTest, SignsWhatIsNotNought) {
+    const GainFormatter formatter;
+    EXPECT_EQ(formatter.format(2.6F), "+3");
+    EXPECT_EQ(formatter.format(-0.3F), "0");
+    EXPECT_EQ(formatter.format(-12), "-12");
+    EXPECT_EQ(formatter.parse(formatter.format(7)), 7.0F);
 }
 
 TEST(FrequencyFormatterTest, WritesWhatItReadsInBothUnits) {
