@@ -30,8 +30,9 @@ bool isFine(const QInputEvent& event) {
 }
 
 bool isInScrollArea(const QWidget& view) {
-    for (const QWidget* above = view.parentWidget(); above != nullptr && !above->isWindow();
-         above = above->parentWidget()) {
+    const QWidget* above = &view;
+    while (!above->isWindow() && above->parentWidget() != nullptr) {
+        above = above->parentWidget();
         if (qobject_cast<const QAbstractScrollArea*>(above) != nullptr) {
             return true;
         }
@@ -164,6 +165,7 @@ bool KnobInput::press(const QMouseEvent& event, KnobClick click) {
     wheel_.close();
     if (view != nullptr) {
         const bool resets = click == KnobClick::resets;
+        view_.setMouseTracking(true); // to notice a release that went elsewhere
         drag_.press(pointOf(event.position()),
                     resets && event.type() == QEvent::MouseButtonDblClick ? 2 : 1,
                     resets && event.modifiers().testFlag(Qt::AltModifier));
@@ -265,6 +267,7 @@ void KnobInput::takePointer(const QMouseEvent& event) {
 }
 
 void KnobInput::givePointerBack() {
+    view_.setMouseTracking(false);
     if (std::exchange(hasPointer_, false)) {
         if (hold_.isHolding()) {
             QCursor::setPos(QPointF(hold_.home().x, hold_.home().y).toPoint());

@@ -106,7 +106,20 @@ void LabelPart::open() {
     if (!editing_->click()) {
         return;
     }
+    if (field_ == nullptr) {
+        makeField();
+    }
+    field_->setText(toQString(editing_->valueString()));
     focusBefore_ = QApplication::focusWidget();
+    placeField();
+    field_->show();
+    field_->selectAll();
+    field_->setFocus(Qt::PopupFocusReason); // borrowed: focus rings come back as they were
+    QApplication::instance()->installEventFilter(this);
+    view_.update();
+}
+
+void LabelPart::makeField() {
     field_ = new ValueField(view_);
     field_->setFont(CustomFontModifier{font_, options_.editingFontSize}.resolved());
     QPalette palette = field_->palette();
@@ -114,7 +127,6 @@ void LabelPart::open() {
     palette.setColor(QPalette::Base, Qt::transparent);
     field_->setPalette(palette);
     field_->setAccessibleName(toQString(editing_->param()->name()));
-    field_->setText(toQString(editing_->valueString()));
     connect(field_, &QLineEdit::textChanged, this,
             [this](const QString& text) { editing_->setValueString(text.toStdString()); });
     connect(field_, &ValueField::submitted, this, [this] {
@@ -133,12 +145,6 @@ void LabelPart::open() {
         }
     });
     connect(field_, &ValueField::left, this, &LabelPart::leave);
-    placeField();
-    field_->show();
-    field_->selectAll();
-    field_->setFocus(Qt::OtherFocusReason);
-    QApplication::instance()->installEventFilter(this);
-    view_.update();
 }
 
 void LabelPart::leave() {
@@ -150,27 +156,21 @@ void LabelPart::leave() {
 
 void LabelPart::closeField() {
     QApplication::instance()->removeEventFilter(this);
-    ValueField* const field = std::exchange(field_, nullptr);
-    if (field == nullptr) {
-        return;
-    }
-    field->disconnect(this);
-    if (field->hasFocus()) {
+    if (field_->hasFocus()) {
         // A hidden widget would hand the keyboard to the next one in the window.
-        if (focusBefore_ != nullptr && focusBefore_ != field) {
-            focusBefore_->setFocus(focusBefore_ == &view_ ? Qt::TabFocusReason
-                                                          : Qt::OtherFocusReason);
+        if (focusBefore_ != nullptr && focusBefore_ != field_) {
+            focusBefore_->setFocus(Qt::PopupFocusReason);
         } else {
-            field->clearFocus();
+            field_->clearFocus();
         }
     }
-    field->hide();
-    field->deleteLater();
+    field_->hide();
     view_.update();
 }
 
 bool LabelPart::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && field_ != nullptr && object->isWidgetType()) {
+    if (event->type() == QEvent::MouseButtonPress && editing_->isEditing() &&
+        object->isWidgetType()) {
         // Few widgets take the keyboard when they are clicked, so the click itself ends the edit.
         const auto& pressed = static_cast<const QWidget&>(*object);
         const bool isOwn = &pressed == field_ || field_->isAncestorOf(&pressed) ||
@@ -187,7 +187,7 @@ bool LabelPart::eventFilter(QObject* object, QEvent* event) {
 bool LabelPart::valueDidChange(float value) {
     editing_->valueDidChange(value);
     QString text = toQString(editing_->valueString());
-    if (field_ != nullptr && field_->text() != text) { // else the selection stays
+    if (editing_->isEditing() && field_->text() != text) { // else the selection stays
         field_->setText(text);
     }
     if (text == text_) {

@@ -62,6 +62,7 @@ class LabelPart final : public QObject {
     [[nodiscard]] double valueWidth() const;
     [[nodiscard]] double captionHeight() const;
     [[nodiscard]] QRectF valueRect() const;
+    void makeField();
     void placeField();
     void leave();
     void closeField();
@@ -78,7 +79,7 @@ class LabelPart final : public QObject {
     const QString suffix_;  // empty: none
     QString text_;          // of the read-out
     QPointF center_;
-    ValueField* field_ = nullptr; // a child of the view
+    ValueField* field_ = nullptr; // a child of the view, made when it is first opened
     QPointer<QWidget> focusBefore_;
 };
 
