@@ -23,6 +23,7 @@ struct Knob {
     double skirt;   ///< radius of the whole body
     double cap;     ///< radius of the part that stands out of it
     double pointer; ///< width of the indicator
+    double inner;   ///< where the indicator begins, as a part of the cap's radius
     int ridges;     ///< around the skirt, to grip
     double arc;     ///< radius of the ring that shows the value; 0: none
     QColor light;
@@ -75,6 +76,14 @@ void drawStill(Canvas& canvas, const Knob& knob) {
         canvas.stroke(track, color("Background/Darkest"), 3);
         canvas.stroke(track, grey(1, 0.12), 2);
     }
+    if (knob.arc == 0) {
+        // Without a ring, marks show where the sweep begins, its middle and its end.
+        for (const double at : {-sweep / 2, 0.0, sweep / 2}) {
+            canvas.fill(
+                parts::disc(onCircle(knob, knob.skirt + knob.cap * 0.13, at), knob.pointer * 0.36),
+                grey(1, 0.3));
+        }
+    }
     material::castShadow(canvas, skirt, knob.skirt * 0.17, 0.6);
     material::castShadow(canvas, skirt, knob.skirt * 0.06, 0.7);
     material::body(canvas, skirt, color("Grey 20%"), color("Background/Darkest"));
@@ -95,7 +104,14 @@ void drawStillCap(Canvas& canvas, const Knob& knob) {
     gradient.setColorAt(0, violet(mixed(color("Grey 30%"), color("Grey 40%"), 0.1)));
     gradient.setColorAt(0.55, violet(mixed(color("Grey 20%"), color("Grey 30%"), 0.4)));
     gradient.setColorAt(1, violet(color("Grey 20%")));
-    canvas.fill(cap, gradient);
+    // The edge is bevelled: towards the light it is brighter than the face, away from it darker.
+    QLinearGradient bevel(gradient.start(), gradient.finalStop());
+    bevel.setColorAt(0, violet(mixed(color("Grey 40%"), color("Grey 50%"), 0.3)));
+    bevel.setColorAt(0.5, violet(color("Grey 20%")));
+    bevel.setColorAt(1, color("Background/Darkest"));
+    canvas.fill(cap, bevel);
+    const auto face = parts::disc(knob.center, knob.cap - knob.cap * 0.075);
+    canvas.fill(face, gradient);
     // Turned on a lathe: the sheen lies across the grooves.
     QConicalGradient sheen(knob.center, 125);
     for (const double at : {0.0, 0.5, 1.0}) {
@@ -104,7 +120,7 @@ void drawStillCap(Canvas& canvas, const Knob& knob) {
     for (const double at : {0.16, 0.34, 0.66, 0.84}) {
         sheen.setColorAt(at, grey(1, 0));
     }
-    canvas.fill(cap, sheen);
+    canvas.fill(face, sheen);
     material::rimShade(canvas, cap, canvas.lineWidth(0.7), 0.35);
     material::rimLight(canvas, cap, canvas.lineWidth(0.7), 0.3);
 }
@@ -131,7 +147,7 @@ void drawRidges(Canvas& canvas, const Knob& knob, double turn) {
 
 void drawPointer(Canvas& canvas, const Knob& knob, double turn) {
     QPainterPath line;
-    line.moveTo(onCircle(knob, knob.cap * 0.46, turn));
+    line.moveTo(onCircle(knob, knob.cap * knob.inner, turn));
     line.lineTo(onCircle(knob, knob.cap * 0.88, turn));
     canvas.stroke(line, grey(0, 0.5), knob.pointer + 1.2); // a slot that it lies in
     glowingLine(canvas, line, mixed(knob.light, Qt::white, 0.28), knob.pointer, knob.pointer * 1.1);
@@ -190,10 +206,10 @@ void addStrip(std::vector<Drawing>& drawings, const QString& prefix, const Knob&
 
 void addKnobs(std::vector<Drawing>& drawings) {
     addStrip(drawings, "knobs/chaos-dial-grey_",
-             {{56, 64}, {28, 29}, 24, 18.5, 2.4, 24, 0, color("Grey 100%")});
+             {{56, 64}, {28, 29}, 24, 18.5, 2.4, 0.42, 24, 0, color("Grey 100%")});
     addStrip(drawings, "knobs/dial-small-grey-",
-             {{34, 40}, {17, 17.5}, 14.5, 11, 2, 18, 0, color("Kestrel/Aqua")});
-    const Knob medium{{68, 84}, {34, 37}, 24.5, 18.5, 2.6, 24, 30.5, {}};
+             {{34, 40}, {17, 17.5}, 14.5, 11, 2, 0.3, 18, 0, color("Kestrel/Aqua")});
+    const Knob medium{{68, 84}, {34, 37}, 24.5, 18.5, 2.6, 0.42, 24, 30.5, {}};
     struct Variant {
         const char* name;
         const char* color;
