@@ -27,8 +27,8 @@ class AboutRenderer final : public UniformRenderer<AboutUniforms> {
     [[nodiscard]] Uniforms uniforms() const override { return {viewSize(), time(), 0}; }
 
   private:
-    AboutRenderer(platform::GpuView& view, const core::Clock& clock,
-                  const platform::Bundle* bundle, const std::array<QImage, 2>& textures);
+    AboutRenderer(platform::GpuView& view, const core::Clock& clock, const platform::Bundle* bundle,
+                  const std::array<QImage, 2>& textures);
 
     QImage logoTexture_;
     QImage noiseTexture_;

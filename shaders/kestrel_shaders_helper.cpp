@@ -11,7 +11,9 @@ using platform::ShaderLibrary;
 
 Shader KestrelShadersHelper::colorMatrixShader(const Float4& r, const Float4& g, const Float4& b,
                                                const Float4& a) {
-    return {ShaderLibrary(resourceBundle()), QStringLiteral("colorMatrixShader"), {r, g, b, a},
+    return {ShaderLibrary(resourceBundle()),
+            QStringLiteral("colorMatrixShader"),
+            {r, g, b, a},
             colorMatrix};
 }
 

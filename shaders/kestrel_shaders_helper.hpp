@@ -12,9 +12,10 @@ struct KestrelShadersHelper {
 
     /// Multiplies the light by a matrix: each row gives one component of the result from the four
     /// of the light. The fourth column adds to what is covered.
-    [[nodiscard]] static platform::Shader
-    colorMatrixShader(const platform::Float4& r, const platform::Float4& g,
-                      const platform::Float4& b, const platform::Float4& a);
+    [[nodiscard]] static platform::Shader colorMatrixShader(const platform::Float4& r,
+                                                            const platform::Float4& g,
+                                                            const platform::Float4& b,
+                                                            const platform::Float4& a);
 
     /// Marks colours outside of sRGB in orange.
     [[nodiscard]] static platform::Shader outsideSRGBShader();

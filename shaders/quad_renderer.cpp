@@ -30,11 +30,10 @@ QuadRenderer::QuadRenderer(platform::GpuView& view, RendererDescription descript
     const platform::ShaderLibrary library(description.bundle != nullptr ? *description.bundle
                                                                         : resourceBundle());
     pipelineState_ = std::make_unique<platform::QuadPipeline>(
-        view,
-        platform::QuadPipelineDescriptor{std::move(description.pipelineLabel),
-                                         library.function(description.vertexFunctionName),
-                                         library.function(description.fragmentFunctionName),
-                                         uniformSize, std::move(description.textures)});
+        view, platform::QuadPipelineDescriptor{std::move(description.pipelineLabel),
+                                               library.function(description.vertexFunctionName),
+                                               library.function(description.fragmentFunctionName),
+                                               uniformSize, std::move(description.textures)});
     drawableSizeWillChange(view, view.drawableSize());
     startTime_ = clock_.now();
 }
@@ -71,7 +70,8 @@ void QuadRenderer::drawableSizeWillChange(platform::GpuView& view, QSize pixels)
 
 void QuadRenderer::draw(platform::GpuView& view) {
     Q_ASSERT(view.thread() == QThread::currentThread());
-    if (platform::GpuRenderPass* const pass = view.beginRenderPass(commandBufferLabel_, renderEncoderLabel_)) {
+    if (platform::GpuRenderPass* const pass =
+            view.beginRenderPass(commandBufferLabel_, renderEncoderLabel_)) {
         pipelineState_->draw(*pass, viewport_, uniformBytes());
     }
 }

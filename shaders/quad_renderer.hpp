@@ -22,7 +22,7 @@ namespace kestrel {
 /// What differs from one renderer of this library to the next.
 struct RendererDescription {
     QByteArray pipelineLabel = "Shader Pipeline";
-    QByteArray commandBufferLabel;
+    QByteArray commandBufferLabel = {};
     QByteArray renderEncoderLabel = {};
     QString vertexFunctionName;
     QString fragmentFunctionName;

@@ -21,8 +21,7 @@ SupporterShaderViewController::SupporterShaderViewController(QWidget* view,
                                                              const core::Clock& clock)
     : RendererHost(view, clock), rendererName_(rendererName) {}
 
-std::unique_ptr<QuadRenderer>
-SupporterShaderViewController::makeRenderer(platform::GpuView& view) {
+std::unique_ptr<QuadRenderer> SupporterShaderViewController::makeRenderer(platform::GpuView& view) {
     auto made = std::make_unique<SupporterShaderRenderer>(view, rendererName_, clock());
     if (switchOnStateToSetOnAppear_) {
         made->switchOnState = *switchOnStateToSetOnAppear_; // kept for the next appearance

@@ -19,18 +19,18 @@ struct EncodeUniforms {
     ColorMatrix toScreen;
     Float4 groundLinear;
     Float4 groundEncoded;
+    float patternSize;
     float flippedHeight;
-    std::array<float, 3> padding;
+    std::array<float, 2> padding;
 };
 static_assert(sizeof(EncodeUniforms) == 96);
 
 constexpr ColorMatrix identity{{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}}};
 
 // Linear Display P3 (SMPTE EG 432-1, D65) to linear sRGB: the product of the primaries' matrices.
-constexpr ColorMatrix displayP3ToSRGB{
-    {{1.2249401F, -0.2249404F, 0.0F, 0},
-     {-0.0420569F, 1.0420571F, 0.0F, 0},
-     {-0.0196376F, -0.0786361F, 1.0982735F, 0}}};
+constexpr ColorMatrix displayP3ToSRGB{{{1.2249401F, -0.2249404F, 0.0F, 0},
+                                       {-0.0420569F, 1.0420571F, 0.0F, 0},
+                                       {-0.0196376F, -0.0786361F, 1.0982735F, 0}}};
 
 const ColorMatrix& toSRGB(DrawableColorSpace colorSpace) {
     return colorSpace == DrawableColorSpace::extendedLinearSRGB ? identity : displayP3ToSRGB;
@@ -155,8 +155,7 @@ void GpuView::Objects::beginFrame(QRhiCommandBuffer* commands) {
     hasDrawn_ = false;
 }
 
-GpuRenderPass* GpuView::Objects::beginPass(const QByteArray& label,
-                                           const QByteArray& passLabel) {
+GpuRenderPass* GpuView::Objects::beginPass(const QByteArray& label, const QByteArray& passLabel) {
     if (pass_.commandBuffer == nullptr || isPassOpen_) {
         return nullptr;
     }
@@ -178,6 +177,7 @@ void GpuView::Objects::writeUniforms(const EncodeSettings& settings) {
     values.groundEncoded = {ground.redF(), ground.greenF(), ground.blueF(), 1};
     values.groundLinear = {toLinear(ground.redF()), toLinear(ground.greenF()),
                            toLinear(ground.blueF()), 1};
+    values.patternSize = shading_ != nullptr ? 0.0F : 0.98F;
     // Positions with y up show upright where clip space has y up, and upside down elsewhere.
     values.flippedHeight = settings.isYUpInClipSpace ? 0.0F : static_cast<float>(size_.height());
     // A dynamic buffer has one copy for every frame in flight, so all of them are written.

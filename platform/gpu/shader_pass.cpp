@@ -32,10 +32,9 @@ bool ShaderPass::create(QRhiTexture& drawable, QRhiSampler& sampler) {
     if (!function || function->shader().stage() != QShader::FragmentStage) {
         return false;
     }
-    picture_.reset(rhi_.newTexture(QRhiTexture::RGBA16F, drawable.pixelSize(), 1,
-                                  QRhiTexture::RenderTarget));
-    buffer_.reset(
-        rhi_.newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, sizeof(Uniforms)));
+    picture_.reset(
+        rhi_.newTexture(QRhiTexture::RGBA16F, drawable.pixelSize(), 1, QRhiTexture::RenderTarget));
+    buffer_.reset(rhi_.newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, sizeof(Uniforms)));
     if (!picture_->create() || !buffer_->create()) {
         return false;
     }
@@ -79,7 +78,8 @@ void ShaderPass::record(QRhiCommandBuffer& commands, const ColorMatrix& toSRGB) 
     const QSize size = picture_->pixelSize();
     commands.beginPass(target_.get(), Qt::transparent, {1.0F, 0}, updates);
     commands.setGraphicsPipeline(pipeline_.get());
-    commands.setViewport({0, 0, static_cast<float>(size.width()), static_cast<float>(size.height())});
+    commands.setViewport(
+        {0, 0, static_cast<float>(size.width()), static_cast<float>(size.height())});
     commands.setShaderResources(bindings_.get());
     commands.draw(3);
     commands.endPass();

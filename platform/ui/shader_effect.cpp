@@ -37,7 +37,8 @@ void ShaderEffect::draw(QPainter* painter) {
         const QTransform toPixels = painter->deviceTransform().inverted() *
                                     QTransform::fromTranslate(-offset.x(), -offset.y()) *
                                     QTransform::fromScale(scale, scale);
-        part = toPixels.mapRect(QRectF(dirty.boundingRect())).toAlignedRect().adjusted(-1, -1, 1, 1);
+        part =
+            toPixels.mapRect(QRectF(dirty.boundingRect())).toAlignedRect().adjusted(-1, -1, 1, 1);
     }
     QImage image = source.toImage();
     shadeImage(image, *shader_, part);
