@@ -17,6 +17,7 @@ struct Page {
     QString title;
     QString summary;                     ///< one sentence
     std::function<void(QWidget&)> build; ///< puts the content into the widget, which has a column
+    int settlingTime = 0;                ///< ms until a page that moves is worth a picture
 };
 
 /// All pages, in the order of the list.
