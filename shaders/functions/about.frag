@@ -23,13 +23,21 @@ layout(binding = 2) uniform sampler2D noiseTexture;    // not "noise", which the
 const vec2 DESIGN = vec2(400.0, 300.0);     // the picture in points
 const float LOGO = 168.0;                   // the logo's longer side in points
 const float TILE = 420.0;                   // one tile of the noise in points
-const int STEPS = 9;                        // along a shaft
+const int STEPS = 7;                        // along a shaft
+const float BLURRED = 40.0;                 // size of the logo in pixels that shafts are made from
 
 // How much of the logo is at a place, in parts of its size from its centre.
 float cover(vec2 at)
 {
     vec2 inside = step(abs(at), vec2(0.5));
     return texture(logoTexture, vec2(at.x, -at.y) + 0.5).a * inside.x * inside.y;
+}
+
+// The same from a size of the image at which it is blurred.
+float softCover(vec2 at, float level)
+{
+    vec2 inside = step(abs(at), vec2(0.5));
+    return textureLod(logoTexture, vec2(at.x, -at.y) + 0.5, level).a * inside.x * inside.y;
 }
 
 // The noise in four sizes of grain, the coarsest first, about 0..1 each.
@@ -65,19 +73,18 @@ void main()
     vec2 toLamp = vec2(-1.3, 1.3) / extent;
     float rim = clamp(here - cover(place + toLamp), 0.0, 1.0);
     vec3 face = color * (0.10 + 1.9 * bank) + vec3(0.42, 0.38, 0.45) * bank * bank;
+    face += ORANGE * clamp(0.9 * bank - 1.0, 0.0, 0.8);
     vec3 sum = here * face + rim * (0.25 + 1.1 * bank) * (color + 0.25);
 
     // Shafts: what streams outwards from the logo, step by step back towards where it comes from.
-    // A start within the first step that differs from pixel to pixel blends the steps.
-    vec2 pixel = floor(gl_FragCoord.xy);
-    float jitter = fract(52.9829189 * fract(dot(pixel, vec2(0.06711056, 0.00583715))));
+    float level = log2(max(shape.x, shape.y) / BLURRED);
     float stream = 0.0;
-    float weight = 1.0 - 0.14 * jitter;
-    vec2 back = place * (1.0 - 0.06 * jitter);
+    float weight = 1.0;
+    vec2 back = place;
     for (int i = 0; i < STEPS; ++i) {
-        stream += weight * cover(back);
-        back *= 0.94;
-        weight *= 0.86;
+        stream += weight * softCover(back, level);
+        back *= 0.925;
+        weight *= 0.84;
     }
     vec2 direction = at * inversesqrt(dot(at, at) + 400.0);
     float shaft = grain(0.35 * direction + fract(t * vec2(53.0, 31.0))).g;
@@ -85,8 +92,8 @@ void main()
     sum += (1.0 - here) * stream * (0.10 * shaft * (0.35 + bank)) * color;
 
     // In the air.
-    float away = dot(at, at) / (130.0 * 130.0);
-    sum += (1.0 - 0.8 * here) * color * bank * 0.10 / (1.0 + away);
+    float away = dot(at, at) / (120.0 * 120.0);
+    sum += (1.0 - 0.8 * here) * (0.012 + 0.12 * bank) / (1.0 + away * (0.6 + 0.4 * away)) * tint(0.75 * hue);
 
     light = vec4(sum * shore(point, size, scale * vec2(90.0, 70.0)), 0.0);
 }
