@@ -1,7 +1,6 @@
 #include "shaders/color_functions.hpp"
 
-#include <algorithm>
-#include <cmath>
+#include <cstddef>
 
 namespace kestrel {
 namespace {
@@ -25,16 +24,28 @@ constexpr Arguments toDisplayP3{{{0.8224620F, 0.1775380F, 0, 0},
 void markOutside(LightRow& light, const Arguments& toPrimaries, const Float4& marker) {
     LightRow seen = light;
     colorMatrix(seen, toPrimaries);
+    // One question at a time and no choice of what to write, so that no step has to branch.
+    const auto smaller = [](float a, float b) { return b < a ? b : a; };
+    const auto larger = [](float a, float b) { return a < b ? b : a; };
+    LightRow::Component whole;
     for (std::size_t i = 0; i < LightRow::size; ++i) {
-        const float low = std::min(seen.red[i], std::min(seen.green[i], seen.blue[i]));
-        const float high = std::max(seen.red[i], std::max(seen.green[i], seen.blue[i]));
-        const float slack = rounding * std::max(std::max(high, -low), 1e-6F);
-        const float whole = light.alpha[i] > 0 ? light.alpha[i] : 1;
-        const bool isOutside = (low < -slack) | (high > whole + slack);
-        light.red[i] = isOutside ? marker[0] * whole : light.red[i];
-        light.green[i] = isOutside ? marker[1] * whole : light.green[i];
-        light.blue[i] = isOutside ? marker[2] * whole : light.blue[i];
+        whole[i] = light.alpha[i] > 0 ? light.alpha[i] : 1;
     }
+    LightRow::Component share; // of the marker
+    for (std::size_t i = 0; i < LightRow::size; ++i) {
+        const float low = smaller(seen.red[i], smaller(seen.green[i], seen.blue[i]));
+        const float high = larger(seen.red[i], larger(seen.green[i], seen.blue[i]));
+        const float slack = rounding * larger(larger(high, -low), 1e-6F);
+        share[i] = larger(-low, high - whole[i]) > slack ? 1.0F : 0.0F;
+    }
+    const auto mark = [&](LightRow::Component& component, float value) {
+        for (std::size_t i = 0; i < LightRow::size; ++i) {
+            component[i] += (value * whole[i] - component[i]) * share[i];
+        }
+    };
+    mark(light.red, marker[0]);
+    mark(light.green, marker[1]);
+    mark(light.blue, marker[2]);
 }
 
 } // namespace

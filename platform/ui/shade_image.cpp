@@ -55,29 +55,36 @@ void unpack(const Pixels& pixels, int shift, Row& component) {
     }
 }
 
-void decode(const Curves::Table& toLinear, const Row& alpha, Row& component) {
-    Steps at;
+void invert(const Row& values, float least, Row& result) {
     for (std::size_t i = 0; i < LightRow::size; ++i) {
-        const float straight = component[i] / std::max(alpha[i], 1.0F);
-        at[i] = static_cast<std::int32_t>(std::min(straight, 1.0F) * Curves::steps + 0.5F);
-    }
-    look(toLinear, at, component);
-    for (std::size_t i = 0; i < LightRow::size; ++i) {
-        component[i] *= alpha[i] * (1.0F / 255);
+        result[i] = 1 / std::max(values[i], least);
     }
 }
 
-void encode(const Curves::Table& toCode, const Row& alpha, Row& component) {
+void decode(const Curves::Table& toLinear, const LightRow& light, const Row& inverse,
+            Row& component) {
+    Steps at;
+    for (std::size_t i = 0; i < LightRow::size; ++i) {
+        at[i] = static_cast<std::int32_t>(
+            std::min(component[i] * inverse[i], 1.0F) * Curves::steps + 0.5F);
+    }
+    look(toLinear, at, component);
+    for (std::size_t i = 0; i < LightRow::size; ++i) {
+        component[i] *= light.alpha[i] * (1.0F / 255);
+    }
+}
+
+void encode(const Curves::Table& toCode, const LightRow& light, const Row& inverse,
+            Row& component) {
     Steps at;
     for (std::size_t i = 0; i < LightRow::size; ++i) {
         // In this order a component that is no number becomes 0.
-        const float straight = component[i] / std::max(alpha[i], 1e-6F);
-        const float clipped = std::min(std::max(0.0F, straight), 1.0F);
+        const float clipped = std::min(std::max(0.0F, component[i] * inverse[i]), 1.0F);
         at[i] = static_cast<std::int32_t>(std::sqrt(clipped) * Curves::steps + 0.5F);
     }
     look(toCode, at, component);
     for (std::size_t i = 0; i < LightRow::size; ++i) {
-        component[i] = component[i] * alpha[i] * 255 + 0.5F;
+        component[i] = component[i] * light.alpha[i] * 255 + 0.5F;
     }
 }
 
@@ -90,12 +97,14 @@ void pack(const Row& component, int shift, Pixels& pixels) {
 void shade(Pixels& pixels, const Shader& shader, const Shader::Arguments& arguments) {
     const Curves& curve = curves();
     LightRow light;
+    alignas(64) Row inverse; // of the alpha
     unpack(pixels, 24, light.alpha);
     const std::array<std::pair<Row*, int>, 3> colors{
         {{&light.red, 16}, {&light.green, 8}, {&light.blue, 0}}};
+    invert(light.alpha, 1, inverse);
     for (const auto& [component, shift] : colors) {
         unpack(pixels, shift, *component);
-        decode(curve.toLinear, light.alpha, *component);
+        decode(curve.toLinear, light, inverse, *component);
     }
     for (float& alpha : light.alpha) {
         alpha *= 1.0F / 255;
@@ -104,9 +113,10 @@ void shade(Pixels& pixels, const Shader& shader, const Shader::Arguments& argume
     for (float& alpha : light.alpha) {
         alpha = std::min(std::max(0.0F, alpha), 1.0F);
     }
+    invert(light.alpha, 1e-6F, inverse);
     pixels.fill(0);
     for (const auto& [component, shift] : colors) {
-        encode(curve.toCode, light.alpha, *component);
+        encode(curve.toCode, light, inverse, *component);
         pack(*component, shift, pixels);
     }
     for (float& alpha : light.alpha) {
