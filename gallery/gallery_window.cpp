@@ -1,6 +1,7 @@
 #include "gallery/gallery_window.hpp"
 
 #include "gallery/parts.hpp"
+#include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/system_font.hpp"
 
 #include <QHBoxLayout>
@@ -75,6 +76,7 @@ QWidget* makePage(const Page& page) {
 
 GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) {
     setWindowTitle(QStringLiteral("Gallery"));
+    platform::GpuHost::install(*this);
     QPalette palette = this->palette();
     palette.setColor(QPalette::Window, kitColor("Background/Darker"));
     palette.setColor(QPalette::Base, kitColor("Background/Darkest"));

@@ -1,16 +1,20 @@
 // gallery                     shows the pages
 // gallery --list              prints their names
-// gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale
+// gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale.
+//                             What the GPU draws is in it only where there is a screen.
 
 #include "driftwood/bridges/bundle_asset_source.hpp"
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "gallery/gallery_window.hpp"
+#include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/appearance.hpp"
 #include "platform/ui/main_queue_driver.hpp"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QPixmap>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -29,10 +33,15 @@ int shoot(gallery::GalleryWindow& window, const QString& name, const QString& fi
         return fail("there is no page of that name");
     }
     window.show(*page);
-    window.setAttribute(Qt::WA_DontShowOnScreen); // laid out and painted, but nobody sees it
+    if (platform::GpuDevice::systemDefault() == nullptr) {
+        window.setAttribute(Qt::WA_DontShowOnScreen); // laid out and painted, but nobody sees it
+    }
     window.QWidget::show();
     window.resize(window.wholePageSize());
-    QCoreApplication::processEvents();
+    QApplication::setActiveWindow(&window);
+    QEventLoop loop;
+    QTimer::singleShot(page->settlingTime, &loop, &QEventLoop::quit);
+    loop.exec();
     return window.grab().save(file) ? 0 : fail("the picture cannot be written");
 }
 

@@ -1,6 +1,7 @@
 #include "gallery/driftwood/driftwood_pages.hpp"
 #include "gallery/fernhorn/fernhorn_pages.hpp"
 #include "gallery/page.hpp"
+#include "gallery/shaders/shader_pages.hpp"
 
 namespace gallery {
 
@@ -9,6 +10,7 @@ const std::vector<Page>& pages() {
         std::vector<Page> made;
         addFernhornPages(made);
         addDriftwoodButtonPages(made);
+        addShaderPages(made);
         return made;
     }();
     return all;

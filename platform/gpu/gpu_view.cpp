@@ -133,6 +133,16 @@ void GpuView::setColorSpace(DrawableColorSpace colorSpace) {
     }
 }
 
+void GpuView::setShader(std::optional<Shader> shader) {
+    if (shader_ != shader) {
+        shader_ = std::move(shader);
+        if (objects_ != nullptr) {
+            objects_->setShader(shader_ ? &*shader_ : nullptr);
+        }
+        setNeedsDisplay();
+    }
+}
+
 void GpuView::setPreferredFramesPerSecond(int framesPerSecond) {
     pacer_.setFramesPerSecond(framesPerSecond);
 }
@@ -190,7 +200,12 @@ bool GpuView::ensureObjects(QRhi* rhi) {
         });
     }
     needsFrame_ = true;
-    return objects_->resize(drawableSize());
+    const bool isNew = objects_->renderPass() == nullptr;
+    const bool isMade = objects_->resize(drawableSize());
+    if (isNew && isMade && shader_) {
+        objects_->setShader(&*shader_);
+    }
+    return isMade;
 }
 
 void GpuView::releaseObjects() {
@@ -314,9 +329,12 @@ void GpuView::replaceDevice() {
     }
 }
 
-GpuRenderPass* GpuView::beginRenderPass(const QByteArray& commandBufferLabel) {
+GpuRenderPass* GpuView::beginRenderPass(const QByteArray& commandBufferLabel,
+                                        const QByteArray& renderEncoderLabel) {
     commandBufferLabel_ = commandBufferLabel;
-    return objects_ != nullptr ? objects_->beginPass(commandBufferLabel_) : nullptr;
+    renderEncoderLabel_ = renderEncoderLabel;
+    return objects_ != nullptr ? objects_->beginPass(commandBufferLabel, renderEncoderLabel)
+                               : nullptr;
 }
 
 QImage GpuView::grabFramebuffer() {
