@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/updates/session/update_problem.hpp"
+
+#include <QObject>
+#include <QProcess>
+#include <QTimer>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace platform {
+
+class SealedFile;
+
+struct InstallOrder {
+    QString program; ///< the helper of the running version
+    QString root;    ///< of the installation
+    std::string signature;
+    std::string version;          ///< of the update, as its manifest has to say
+    std::string installedVersion; ///< of this copy
+};
+
+/// Leads the helper program that verifies, unpacks and installs a downloaded archive. One order per
+/// object; when it is destroyed before the update is installed, nothing of it stays.
+class InstallClient final : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit InstallClient(QObject* parent = nullptr);
+    ~InstallClient() override;
+
+    /// Hands `archive` over; it may be closed afterwards.
+    void start(const InstallOrder& order, const SealedFile& archive);
+    /// Once it is ready.
+    void install();
+
+  signals:
+    void unpacking(quint64 done, quint64 total); ///< bytes
+    void ready();
+    void installed();
+    void failed(const platform::UpdateFailure& failure);
+
+  private:
+    void hear();
+    void hear(const QByteArray& line);
+    void hearEnd();
+    void fail(const UpdateFailure& failure);
+
+    QProcess helper_;
+    QTimer quiet_;
+    bool isOver_ = false;
+};
+
+} // namespace platform
