@@ -38,7 +38,9 @@ QString UpdateMessages::titleOf(UpdateProblem problem, const QString& product) {
     case UpdateProblem::installerStopped:
         return tr("The update couldn’t be installed");
     case UpdateProblem::busy:
-        return tr("Another copy is updating");
+        return tr("Another window is updating");
+    case UpdateProblem::alreadyInstalled:
+        return tr("The update is installed already");
     case UpdateProblem::relaunchFailed:
         //: %1 is the name of the program
         return tr("%1 couldn’t be relaunched").arg(product);
@@ -159,6 +161,11 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
     case UpdateProblem::busy:
         //: %1 is the name of the program
         return tr("An update is being installed by another window of %1. Wait until it is done.")
+            .arg(product);
+    case UpdateProblem::alreadyInstalled:
+        //: %1 is the name of the program
+        return tr("Another window of %1 has installed this update already. Quit the program and "
+                  "start it again to use it.")
             .arg(product);
     case UpdateProblem::installerMissing:
         //: %1 is the name of the program

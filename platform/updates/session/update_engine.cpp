@@ -49,8 +49,9 @@ UpdateFailure failureOf(FeedFault fault, bool isWebPage) {
 
 } // namespace
 
-UpdateEngine::UpdateEngine(UpdateIdentity identity, UpdateLimits limits)
-    : identity_(std::move(identity)), limits_(limits) {}
+UpdateEngine::UpdateEngine(UpdateIdentity identity, UpdateLimits limits,
+                           std::function<Installation()> examine)
+    : identity_(std::move(identity)), limits_(limits), examine_(std::move(examine)) {}
 
 UpdateEngine::~UpdateEngine() {
     cancel();
@@ -93,26 +94,45 @@ void UpdateEngine::fetchDocument(const HttpsRequest& request,
     fetch_->start(request);
 }
 
+void UpdateEngine::examine(quint64 task) {
+    cancel();
+    task_ = task;
+    const Installation installation = examine_();
+    if (installation.management == Management::itself) {
+        removeLeftovers(installation);
+    }
+    tell(installation);
+}
+
 void UpdateEngine::check(quint64 task, const UpdateHost& host, Asking asking) {
     begin(task, host.now);
-    const auto end = [this, host, asking](const std::optional<UpdateFailure>& failure) {
+    const Installation installation = examine_();
+    UpdateHost present = host;
+    present.highestInstalledVersion = installation.highestInstalledVersion;
+    if (!installation.runningVersion.empty()) {
+        present.installedVersion = installation.runningVersion;
+    }
+    const auto end = [this, present, installation,
+                      asking](const std::optional<UpdateFailure>& failure) {
         const QByteArray document = std::exchange(document_, {});
         network_.release()->deleteLater(); // it is still telling
         fetch_.release()->deleteLater();
         if (failure) {
-            tell(CheckOutcome(failure->problem == UpdateProblem::wrongLength
+            tell(CheckOutcome{failure->problem == UpdateProblem::wrongLength
                                   ? UpdateFailure{UpdateProblem::feedTooLarge, {}}
-                                  : *failure));
+                                  : *failure,
+                              installation});
             return;
         }
         const auto read = readAppcast(
             std::as_bytes(std::span(document.data(), static_cast<std::size_t>(document.size()))));
         if (const auto* const fault = std::get_if<FeedFault>(&read)) {
-            tell(CheckOutcome(failureOf(*fault, looksLikeWebPage(document, documentType_))));
+            tell(CheckOutcome{failureOf(*fault, looksLikeWebPage(document, documentType_)),
+                              installation});
             return;
         }
-        const auto choice = chooseUpdate(std::get<Appcast>(read), host, asking);
-        tell(std::visit([](const auto& one) { return CheckOutcome(one); }, choice));
+        const auto choice = chooseUpdate(std::get<Appcast>(read), present, asking);
+        tell(std::visit([&](const auto& one) { return CheckOutcome{one, installation}; }, choice));
     };
     fetchDocument({.url = identity_.feed,
                    .accept = "application/rss+xml, application/xml;q=0.9, */*;q=0.1",

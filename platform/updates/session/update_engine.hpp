@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/updates/feed/update_choice.hpp"
+#include "platform/updates/install/installation.hpp"
 #include "platform/updates/session/archive_download.hpp"
 #include "platform/updates/session/install_client.hpp"
 #include "platform/updates/session/update_identity.hpp"
@@ -8,12 +9,17 @@
 #include <QNetworkAccessManager>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <variant>
 
 namespace platform {
 
-using CheckOutcome = std::variant<AppcastItem, UpToDate, NothingSuitable, UpdateFailure>;
+/// What came of a check, and how the installation stood at that time.
+struct CheckOutcome {
+    std::variant<AppcastItem, UpToDate, NothingSuitable, UpdateFailure> answer;
+    Installation installation;
+};
 
 struct ReleaseNotes {
     QByteArray html; ///< safe to show; empty where they could not be loaded
@@ -24,7 +30,7 @@ struct UnpackingProgress {
 struct ReadyToInstall {};
 struct IsInstalled {};
 
-using EngineEvent = std::variant<CheckOutcome, ReleaseNotes, DownloadProgress, UnpackingProgress,
+using EngineEvent = std::variant<Installation, CheckOutcome, ReleaseNotes, DownloadProgress, UnpackingProgress,
                                  ReadyToInstall, IsInstalled, UpdateFailure>;
 
 /// The work of an update: the network, reading the feed, leading the helper. It lives on a thread of
@@ -35,10 +41,14 @@ class UpdateEngine final : public QObject {
     Q_OBJECT
 
   public:
-    UpdateEngine(UpdateIdentity identity, UpdateLimits limits);
+    /// `examine` finds out how the installation stands.
+    UpdateEngine(UpdateIdentity identity, UpdateLimits limits,
+                 std::function<Installation()> examine);
     ~UpdateEngine() override;
 
-    /// Ends with a `CheckOutcome`.
+    /// Removes what broken updates left behind; ends with an `Installation`.
+    void examine(quint64 task);
+    /// Ends with a `CheckOutcome`. What the host says of the installation is looked up afresh.
     void check(quint64 task, const UpdateHost& host, Asking asking);
     /// Ends with `ReleaseNotes`.
     void loadNotes(quint64 task, const QUrl& url, std::chrono::system_clock::time_point now);
@@ -63,6 +73,7 @@ class UpdateEngine final : public QObject {
 
     const UpdateIdentity identity_;
     const UpdateLimits limits_;
+    const std::function<Installation()> examine_;
     quint64 task_ = 0;
     HttpsClient client_;
     std::unique_ptr<QNetworkAccessManager> network_; // made on the engine's own thread

@@ -44,7 +44,8 @@ enum class UpdateProblem {
     noPermission,
     readOnly,
     inputOutput,
-    busy, ///< another copy is updating
+    busy,             ///< another copy is updating
+    alreadyInstalled, ///< another copy has done it
     installerMissing,
     installerStopped,
     relaunchFailed, ///< the update is installed, but did not start

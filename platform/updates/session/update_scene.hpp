@@ -34,13 +34,13 @@ struct ManagedElsewhere {
     QString version; ///< the new one
     Management management;
     QString packageName; ///< where a package manager has one
-    bool canInstall = false;
 };
 
 struct Offer {
     QString version;
     QString installedVersion;
     bool isCritical = false;
+    bool hasFailedBefore = false; ///< it was installed here, did not start, and was taken back
     QString notes; ///< safe rich text; nothing while it is loading
     bool isLoadingNotes = false;
 };
