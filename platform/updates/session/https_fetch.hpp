@@ -35,7 +35,7 @@ struct HttpsRequest {
     std::chrono::milliseconds wholeTime{}; ///< from the first request to the last byte
     /// To go on from here: the first byte wanted, and the validator of what is there already.
     std::uint64_t offset = 0;
-    QByteArray validator;
+    QByteArray validator = {};
 };
 
 /// The headers of the final answer, which is 200 or 206.
