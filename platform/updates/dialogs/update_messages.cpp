@@ -70,7 +70,8 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
             .arg(detail);
     case UpdateProblem::certificateExpired:
         //: %1 is the name of a server
-        return tr("The certificate of the server %1 has expired, so it isn’t trusted. Its owner has "
+        return tr("The certificate of the server %1 has expired, so it isn’t trusted. Its owner "
+                  "has "
                   "to renew it. Try again in a few days.")
             .arg(detail);
     case UpdateProblem::clockLooksWrong:
@@ -113,8 +114,9 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
     case UpdateProblem::archiveTooLarge:
         return tr("The update is far larger than it can be. It was thrown away.");
     case UpdateProblem::signatureMissing:
-        return tr("The update isn’t signed, so nobody can tell who made it. It was thrown away. Get "
-                  "the new version from the website.");
+        return tr(
+            "The update isn’t signed, so nobody can tell who made it. It was thrown away. Get "
+            "the new version from the website.");
     case UpdateProblem::signatureWrong:
         //: %1 is the name of the program
         return tr("The update isn’t signed by the maker of %1, or was changed on its way. It was "
@@ -147,7 +149,8 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
         return tr("The disk is full. Make room, then try again. Your version is unchanged.");
     case UpdateProblem::noPermission:
         //: %1 is the name of the program
-        return tr("You aren’t allowed to change the folder of %1. Ask whoever installed it, or move "
+        return tr("You aren’t allowed to change the folder of %1. Ask whoever installed it, or "
+                  "move "
                   "it to a folder of your own.")
             .arg(product);
     case UpdateProblem::readOnly:
@@ -156,8 +159,9 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
                   "try again.")
             .arg(product);
     case UpdateProblem::inputOutput:
-        return tr("The disk reported an error. Your version is unchanged. Check the disk before you "
-                  "try again.");
+        return tr(
+            "The disk reported an error. Your version is unchanged. Check the disk before you "
+            "try again.");
     case UpdateProblem::busy:
         //: %1 is the name of the program
         return tr("An update is being installed by another window of %1. Wait until it is done.")

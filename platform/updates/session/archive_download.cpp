@@ -130,8 +130,7 @@ void ArchiveDownload::tell() {
     }
     const auto& [since, receivedThen] = samples_.front();
     const double seconds = static_cast<double>(now - since) / 1000;
-    const double speed =
-        seconds > 0 ? static_cast<double>(received_ - receivedThen) / seconds : 0;
+    const double speed = seconds > 0 ? static_cast<double>(received_ - receivedThen) / seconds : 0;
     emit progressed({received_, length_, speed});
 }
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -33,8 +34,7 @@ HttpsAnswer answerOf(const QNetworkReply& reply, int status) {
     const QByteArray type = reply.rawHeader("Content-Type").toLower();
     answer.contentType = type.left(type.indexOf(';')).trimmed();
     static const QRegularExpression range(QStringLiteral("^bytes (\\d+)-\\d+/(\\d+|\\*)$"));
-    const auto found =
-        range.match(QString::fromLatin1(reply.rawHeader("Content-Range").trimmed()));
+    const auto found = range.match(QString::fromLatin1(reply.rawHeader("Content-Range").trimmed()));
     if (answer.isPartial && found.hasMatch()) {
         answer.firstByte = numberOf(found.captured(1).toLatin1());
         answer.wholeLength = numberOf(found.captured(2).toLatin1());
@@ -53,7 +53,9 @@ HttpsFetch::HttpsFetch(const HttpsClient& client, const UpdateLimits& limits, QO
     for (QTimer* const timer : {&whole_, &quiet_}) {
         timer->setSingleShot(true);
     }
-    connect(&whole_, &QTimer::timeout, this, [this] { finish(UpdateFailure{UpdateProblem::tooSlow, {}}); });
+    connect(&whole_, &QTimer::timeout, this, [this] {
+        finish(UpdateFailure{UpdateProblem::tooSlow, {}});
+    });
     connect(&quiet_, &QTimer::timeout, this, [this] {
         finish(UpdateFailure{isAnswered_ ? UpdateProblem::tooSlow : UpdateProblem::noAnswer, {}});
     });
@@ -75,11 +77,20 @@ void HttpsFetch::abort() {
     whole_.stop();
     quiet_.stop();
     if (reply_ != nullptr) {
-        reply_->disconnect(this);
-        reply_->abort();
-        reply_->deleteLater();
-        reply_ = nullptr;
+        drop(*std::exchange(reply_, nullptr));
     }
+}
+
+/// Replies must not be aborted while they are telling something.
+void HttpsFetch::drop(QNetworkReply& reply) {
+    reply.disconnect(this);
+    QMetaObject::invokeMethod(
+        &reply,
+        [&reply] {
+            reply.abort();
+            reply.deleteLater();
+        },
+        Qt::QueuedConnection);
 }
 
 void HttpsFetch::finish(const std::optional<UpdateFailure>& failure) {
@@ -97,7 +108,8 @@ void HttpsFetch::ask() {
     QNetworkRequest request(url_);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
+                         QNetworkRequest::AlwaysNetwork);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
@@ -165,10 +177,7 @@ void HttpsFetch::hearHeaders() {
 }
 
 void HttpsFetch::follow(const QByteArray& location) {
-    QNetworkReply* const answered = std::exchange(reply_, nullptr);
-    answered->disconnect(this);
-    answered->abort();
-    answered->deleteLater();
+    drop(*std::exchange(reply_, nullptr));
     quiet_.stop();
     if (++redirects_ > limits_.redirects) {
         finish(UpdateFailure{UpdateProblem::tooManyRedirects, {}});

@@ -31,7 +31,7 @@ struct HttpsClient {
 struct HttpsRequest {
     QUrl url;
     QByteArray accept = "*/*";
-    std::uint64_t largest = 0;       ///< bytes of the body
+    std::uint64_t largest = 0;             ///< bytes of the body
     std::chrono::milliseconds wholeTime{}; ///< from the first request to the last byte
     /// To go on from here: the first byte wanted, and the validator of what is there already.
     std::uint64_t offset = 0;
@@ -77,6 +77,7 @@ class HttpsFetch final : public QObject {
     void hearBytes();
     void hearEnd();
     void follow(const QByteArray& location);
+    void drop(QNetworkReply& reply);
     void finish(const std::optional<UpdateFailure>& failure);
     [[nodiscard]] UpdateFailure failureOf(QNetworkReply::NetworkError error) const;
     [[nodiscard]] UpdateFailure failureOf(const QList<QSslError>& errors) const;

@@ -94,11 +94,11 @@ void InstallClient::start(const InstallOrder& order, const SealedFile& archive) 
     }
     QStringList arguments;
     for (const std::string& argument : installArguments({.root = order.root,
-                                                         .archive = archive.fd(),
-                                                         .length = archive.size(),
-                                                         .signature = order.signature,
-                                                         .version = order.version,
-                                                         .installed = order.installedVersion})) {
+                                       .archive = archive.fd(),
+                                       .length = archive.size(),
+                                       .signature = order.signature,
+                                       .version = order.version,
+                                       .installed = order.installedVersion})) {
         arguments.append(QString::fromStdString(argument));
     }
     // The helper, and no other program, inherits the descriptor.

@@ -25,8 +25,8 @@ struct InstallOrder {
 };
 
 /// Leads the helper program that verifies, unpacks and installs a downloaded archive. One order per
-/// object; when it is destroyed before the update is installed, nothing of it stays. Not on the main
-/// thread: the end of the helper is waited for.
+/// object; when it is destroyed before the update is installed, nothing of it stays. Not on the
+/// main thread: the end of the helper is waited for.
 class InstallClient final : public QObject {
     Q_OBJECT
 

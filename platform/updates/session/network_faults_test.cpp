@@ -7,8 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-
 namespace platform {
 namespace {
 
@@ -33,6 +31,7 @@ UpdateLimits hastyLimits() {
     limits.stallTime = 600ms;
     limits.documentTime = 1500ms;
     limits.downloadTime = 4000ms;
+    limits.leastBytesPerSecond = 40'000;
     limits.resumptionPause = 5ms;
     return limits;
 }
@@ -53,7 +52,10 @@ QByteArray nested(int depth) {
 }
 
 UpdateHost olderHost() {
-    return {.installedVersion = "1.0", .now = std::chrono::system_clock::now()};
+    UpdateHost host;
+    host.installedVersion = "1.0";
+    host.now = std::chrono::system_clock::now();
+    return host;
 }
 
 /// What a check says, in a word that a table can hold.
@@ -315,8 +317,9 @@ TEST_F(Downloads, BeginAnewWhereTheyCannotGoOn) {
     EXPECT_EQ(download(server.url("/archive"), size()).archive, body);
     // One that goes on at the wrong place is not believed.
     const auto wrongPart = [&](QSslSocket& connection, const auto&) {
-        sendHead(connection, 206, {"Content-Range: bytes 5000-39999/40000",
-                                   "Content-Length: 35000", "ETag: \"v1\""});
+        sendHead(
+            connection, 206,
+            {"Content-Range: bytes 5000-39999/40000", "Content-Length: 35000", "ETag: \"v1\""});
         connection.write(body.mid(5000));
         connection.disconnectFromHost();
     };

@@ -16,13 +16,13 @@ constexpr std::size_t greatestDepth = 32;
 constexpr std::size_t longestAddress = 2048;
 
 constexpr std::array<std::string_view, 26> shown{
-    "a",  "b",  "blockquote", "br", "code", "dd", "dl",     "dt",  "em",  "h1", "h2", "h3",     "h4",
-    "h5", "h6", "hr",         "i",  "li",   "ol", "p", "pre", "s", "strong", "sub", "sup", "ul"};
+    "a",  "b",  "blockquote", "br", "code", "dd", "dl", "dt",  "em", "h1",     "h2",  "h3",  "h4",
+    "h5", "h6", "hr",         "i",  "li",   "ol", "p",  "pre", "s",  "strong", "sub", "sup", "ul"};
 constexpr std::array<std::string_view, 2> single{"br", "hr"};
 /// What is inside of these is not text.
 constexpr std::array<std::string_view, 15> silent{
-    "applet", "audio",    "canvas", "head",   "iframe", "math",   "noscript",
-    "object", "script", "select", "style",  "svg",    "template", "title",  "video"};
+    "applet", "audio",  "canvas", "head", "iframe",   "math",  "noscript", "object",
+    "script", "select", "style",  "svg",  "template", "title", "video"};
 
 template<std::size_t size>
 bool isOneOf(const std::array<std::string_view, size>& names, std::string_view name) {
@@ -86,8 +86,8 @@ std::optional<std::string> decoded(std::string_view text) {
             const bool isHex = name.starts_with("#x") || name.starts_with("#X");
             const std::string_view digits = name.substr(isHex ? 2 : 1);
             std::uint32_t code = 0;
-            const auto [rest, fault] = std::from_chars(
-                digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
+            const auto [rest, fault] = std::from_chars(digits.data(), digits.data() + digits.size(),
+                                                       code, isHex ? 16 : 10);
             if (fault != std::errc() || rest != digits.data() + digits.size() || code < 0x21 ||
                 code > 0x7e) {
                 return std::nullopt;

@@ -149,9 +149,10 @@ void UpdateEngine::loadNotes(quint64 task, const QUrl& url,
         network_.release()->deleteLater();
         fetch_.release()->deleteLater();
         const std::string_view source(text.constData(), static_cast<std::size_t>(text.size()));
-        tell(ReleaseNotes{QByteArray::fromStdString(failure                         ? std::string()
-                                                    : documentType_ == "text/plain" ? htmlOfText(source)
-                                                                                    : safeHtml(source))});
+        tell(ReleaseNotes{QByteArray::fromStdString(failure ? std::string()
+                                                    : documentType_ == "text/plain"
+                                                        ? htmlOfText(source)
+                                                        : safeHtml(source))});
     };
     fetchDocument({.url = url,
                    .accept = "text/html, text/plain;q=0.9",
@@ -160,8 +161,8 @@ void UpdateEngine::loadNotes(quint64 task, const QUrl& url,
                   end);
 }
 
-void UpdateEngine::prepare(quint64 task, const AppcastEnclosure& enclosure, const InstallOrder& order,
-                           std::chrono::system_clock::time_point now) {
+void UpdateEngine::prepare(quint64 task, const AppcastEnclosure& enclosure,
+                           const InstallOrder& order, std::chrono::system_clock::time_point now) {
     begin(task, now);
     download_ = std::make_unique<ArchiveDownload>(client_, limits_);
     connect(download_.get(), &ArchiveDownload::progressed, this,

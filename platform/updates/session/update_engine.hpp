@@ -30,13 +30,13 @@ struct UnpackingProgress {
 struct ReadyToInstall {};
 struct IsInstalled {};
 
-using EngineEvent = std::variant<Installation, CheckOutcome, ReleaseNotes, DownloadProgress, UnpackingProgress,
-                                 ReadyToInstall, IsInstalled, UpdateFailure>;
+using EngineEvent = std::variant<Installation, CheckOutcome, ReleaseNotes, DownloadProgress,
+                                 UnpackingProgress, ReadyToInstall, IsInstalled, UpdateFailure>;
 
-/// The work of an update: the network, reading the feed, leading the helper. It lives on a thread of
-/// its own and does one task at a time; whatever is started ends what was under way, and `cancel`
-/// does so without a word. What it has to say it says with the number of the task, so that nobody
-/// takes a late word of one task for that of another.
+/// The work of an update: the network, reading the feed, leading the helper. It lives on a thread
+/// of its own and does one task at a time; whatever is started ends what was under way, and
+/// `cancel` does so without a word. What it has to say it says with the number of the task, so that
+/// nobody takes a late word of one task for that of another.
 class UpdateEngine final : public QObject {
     Q_OBJECT
 

@@ -41,7 +41,7 @@ struct Offer {
     QString installedVersion;
     bool isCritical = false;
     bool hasFailedBefore = false; ///< it was installed here, did not start, and was taken back
-    QString notes; ///< safe rich text; nothing while it is loading
+    QString notes;                ///< safe rich text; nothing while it is loading
     bool isLoadingNotes = false;
 };
 

@@ -22,7 +22,8 @@ QString text(const T& utf8) {
 } // namespace
 
 UpdateSession::UpdateSession(UpdaterConfiguration configuration)
-    : configuration_(std::move(configuration)), store_(configuration_.storePath),
+    : configuration_(std::move(configuration)),
+      store_(configuration_.storePath),
       memory_(store_.memory()) {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::VeryCoarseTimer);
@@ -70,7 +71,8 @@ void UpdateSession::hear(const Installation& installation) {
 void UpdateSession::plan() {
     const auto now = configuration_.now();
     if (const auto due = nextCheck(memory_, now); due && canInstall()) {
-        const auto wait = std::clamp<std::chrono::system_clock::duration>(*due - now, 1s, longestWait);
+        const auto wait =
+            std::clamp<std::chrono::system_clock::duration>(*due - now, 1s, longestWait);
         timer_.start(std::chrono::duration_cast<std::chrono::milliseconds>(wait));
     } else {
         timer_.stop();
@@ -238,8 +240,8 @@ void UpdateSession::hear(const ReleaseNotes& notes) {
     if (const auto* const shown = std::get_if<scene::Offer>(&scene_)) {
         scene::Offer complete = *shown;
         complete.isLoadingNotes = false;
-        complete.notes =
-            notes.html.isEmpty() ? text(safeHtml(item_.description)) : QString::fromUtf8(notes.html);
+        complete.notes = notes.html.isEmpty() ? text(safeHtml(item_.description))
+                                              : QString::fromUtf8(notes.html);
         show(complete);
     }
 }
@@ -266,10 +268,8 @@ void UpdateSession::install() {
                              .signature = item_.enclosure.edSignature,
                              .version = item_.version,
                              .installedVersion = installation_->runningVersion};
-    run([task = task_, enclosure = item_.enclosure, order,
-         now = configuration_.now()](UpdateEngine& engine) {
-        engine.prepare(task, enclosure, order, now);
-    });
+    run([task = task_, enclosure = item_.enclosure, order, now = configuration_.now()](
+            UpdateEngine& engine) { engine.prepare(task, enclosure, order, now); });
 }
 
 void UpdateSession::hear(const DownloadProgress& progress) {

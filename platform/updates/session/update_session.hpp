@@ -23,7 +23,8 @@ struct UpdaterConfiguration {
     std::string systemVersion;
     QString storePath; ///< where the updater remembers; empty: nowhere
     UpdateLimits limits;
-    std::chrono::milliseconds firstDelay{5000}; ///< after the start, before anything happens by itself
+    std::chrono::milliseconds firstDelay{
+        5000}; ///< after the start, before anything happens by itself
 
     std::function<std::chrono::system_clock::time_point()> now = [] {
         return std::chrono::system_clock::now();
@@ -63,8 +64,8 @@ class UpdateSession final : public QObject {
     void setChecksByItself(bool checks);
 
     // What the user decides. Each counts only in the scene that offers it.
-    void skip();    ///< Offer: this version is not offered again on schedule
-    void install(); ///< Offer: downloads and prepares it
+    void skip();     ///< Offer: this version is not offered again on schedule
+    void install();  ///< Offer: downloads and prepares it
     void relaunch(); ///< Ready: installs it and starts it in place of this program
     /// Ends the scene: later, cancel, close. What is being installed goes on.
     void dismiss();
@@ -101,7 +102,7 @@ class UpdateSession final : public QObject {
     UpdateMemory memory_;
     UpdateScene scene_;
     std::optional<Installation> installation_; // once it is known
-    AppcastItem item_; // of an offer and what follows it
+    AppcastItem item_;                         // of an offer and what follows it
     bool isStarted_ = false;
     bool isAskedFor_ = false;
     bool isChecking_ = false; // shown or in silence

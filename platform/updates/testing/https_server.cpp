@@ -101,7 +101,8 @@ void HttpsServer::serve(QSslSocket& connection) {
 }
 
 void sendHead(QSslSocket& connection, int status, const QList<QByteArray>& headers) {
-    QByteArray head = "HTTP/1.1 " + QByteArray::number(status) + " Whatever\r\nConnection: close\r\n";
+    QByteArray head =
+        "HTTP/1.1 " + QByteArray::number(status) + " Whatever\r\nConnection: close\r\n";
     for (const QByteArray& header : headers) {
         head += header + "\r\n";
     }
