@@ -9,11 +9,11 @@ class UpdateMessages {
     Q_DECLARE_TR_FUNCTIONS(platform::UpdateMessages)
 
   public:
-    static QString textOf(const UpdateFailure& failure, const QString& product);
     static QString titleOf(UpdateProblem problem, const QString& product);
-    static UpdateMessage of(const scene::UpToDate& scene, const QString& product);
-    static UpdateMessage of(const scene::NothingSuitable& scene, const QString& product);
-    static UpdateMessage of(const scene::ManagedElsewhere& scene, const QString& product);
+    static QString textOf(const UpdateFailure& failure, const QString& product);
+    static Remedy remedyOf(UpdateProblem problem);
+    static QString textOf(const NothingSuitable& reason, const QString& product);
+    static QString textOf(const scene::ManagedElsewhere& scene, const QString& product);
 };
 
 QString UpdateMessages::titleOf(UpdateProblem problem, const QString& product) {
@@ -185,38 +185,123 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
     Q_UNREACHABLE();
 }
 
-UpdateMessage UpdateMessages::of(const scene::UpToDate& scene, const QString& product) {
-    //: %1 is the name of the program
-    return {tr("You’re up to date"),
-            //: %1 is the name of the program, %2 its version
-            tr("%1 %2 is the newest version.").arg(product, scene.version)};
+Remedy UpdateMessages::remedyOf(UpdateProblem problem) {
+    switch (problem) {
+    case UpdateProblem::insecureAddress:
+    case UpdateProblem::notOnServer:
+    case UpdateProblem::signatureMissing:
+    case UpdateProblem::archiveUnsafe:
+    case UpdateProblem::otherPlatform:
+    case UpdateProblem::installerMissing:
+        return Remedy::website;
+    case UpdateProblem::archiveTooLarge:
+    case UpdateProblem::notNewer:
+    case UpdateProblem::noPermission:
+    case UpdateProblem::readOnly:
+    case UpdateProblem::alreadyInstalled:
+    case UpdateProblem::relaunchFailed:
+        return Remedy::none;
+    default:
+        return Remedy::again;
+    }
 }
 
-UpdateMessage UpdateMessages::of(const scene::NothingSuitable& scene, const QString& product) {
-    return {tr("There is no update for this computer"), scene.version + product};
+QString UpdateMessages::textOf(const NothingSuitable& reason, const QString& product) {
+    const QString version = QString::fromStdString(reason.item.displayVersion());
+    switch (reason.why) {
+    case NothingSuitable::Why::nothingForThisSystem:
+        //: %1 is the name of the program
+        return tr("The list of updates has nothing for %1 on this kind of computer.").arg(product);
+    case NothingSuitable::Why::notSigned:
+        //: %1 is the name of the program, %2 a version
+        return tr("%1 %2 is announced, but it isn’t signed, so nobody can tell who made it. Try "
+                  "again later.")
+            .arg(product, version);
+    case NothingSuitable::Why::insecureAddress:
+        //: %1 is the name of the program, %2 a version
+        return tr("%1 %2 is announced, but not at an address with a secure connection. Try again "
+                  "later.")
+            .arg(product, version);
+    case NothingSuitable::Why::unknownLength:
+    case NothingSuitable::Why::tooLarge:
+        //: %1 is the name of the program, %2 a version
+        return tr("%1 %2 is announced with a size that can’t be right. Try again later.")
+            .arg(product, version);
+    case NothingSuitable::Why::needsNewerSystem:
+        //: %1 is the name of the program, %2 a version of it, %3 one of the system
+        return tr("%1 %2 needs a newer system: at least version %3. Update your system first.")
+            .arg(product, version, QString::fromStdString(reason.item.minimumSystemVersion));
+    case NothingSuitable::Why::belowHighestInstalled:
+        //: %1 is the name of the program, %2 a version
+        return tr("%1 %2 is announced, but a newer version was installed here before. It isn’t "
+                  "replaced by an older one.")
+            .arg(product, version);
+    case NothingSuitable::Why::skipped:
+    case NothingSuitable::Why::notYetForThisGroup:
+        //: %1 is the name of the program, %2 a version
+        return tr("%1 %2 is announced, but not for this computer yet. Try again in a few days.")
+            .arg(product, version);
+    }
+    Q_UNREACHABLE();
 }
 
-UpdateMessage UpdateMessages::of(const scene::ManagedElsewhere& scene, const QString& product) {
-    return {scene.version, product};
+QString UpdateMessages::textOf(const scene::ManagedElsewhere& scene, const QString& product) {
+    switch (scene.management) {
+    case Management::dpkg:
+        //: %1 is the name of the program, %2 the new version, %3 the name of a package
+        return tr("%1 %2 is available. This copy comes from the package “%3” and is updated "
+                  "together with your system.")
+            .arg(product, scene.version, scene.packageName);
+    case Management::flatpak:
+        //: %1 is the name of the program, %2 the new version, %3 the name of a Flatpak
+        return tr("%1 %2 is available. This copy is the Flatpak “%3” and is updated by Flatpak or "
+                  "your software center.")
+            .arg(product, scene.version, scene.packageName);
+    case Management::readOnly:
+        //: %1 is the name of the program, %2 the new version
+        return tr("%1 %2 is available. You can’t change the folder of this copy: whoever installed "
+                  "it looks after its updates.")
+            .arg(product, scene.version);
+    case Management::itself:
+    case Management::nobody:
+        break;
+    }
+    //: %1 is the name of the program, %2 the new version
+    return tr("%1 %2 is available. This copy was built from its sources and can’t update itself: "
+              "whoever built it looks after it.")
+        .arg(product, scene.version);
 }
 
 } // namespace
 
 UpdateMessage messageOf(const UpdateFailure& failure, const QString& product) {
     return {UpdateMessages::titleOf(failure.problem, product),
-            UpdateMessages::textOf(failure, product)};
+            UpdateMessages::textOf(failure, product), UpdateMessages::remedyOf(failure.problem)};
 }
 
-UpdateMessage messageOf(const scene::UpToDate& scene, const QString& product) {
-    return UpdateMessages::of(scene, product);
-}
-
-UpdateMessage messageOf(const scene::NothingSuitable& scene, const QString& product) {
-    return UpdateMessages::of(scene, product);
-}
-
-UpdateMessage messageOf(const scene::ManagedElsewhere& scene, const QString& product) {
-    return UpdateMessages::of(scene, product);
+std::optional<UpdateMessage> messageOf(const UpdateScene& scene, const QString& product) {
+    if (const auto* const failed = std::get_if<scene::Failed>(&scene)) {
+        return messageOf(failed->failure, product);
+    }
+    if (const auto* const upToDate = std::get_if<scene::UpToDate>(&scene)) {
+        return UpdateMessage{
+            UpdateMessages::tr("You’re up to date"),
+            //: %1 is the name of the program, %2 its version
+            UpdateMessages::tr("%1 %2 is the newest version.").arg(product, upToDate->version)};
+    }
+    if (const auto* const unsuitable = std::get_if<scene::Unsuitable>(&scene)) {
+        return UpdateMessage{UpdateMessages::tr("There is no update for this computer"),
+                             UpdateMessages::textOf(unsuitable->reason, product)};
+    }
+    if (const auto* const managed = std::get_if<scene::ManagedElsewhere>(&scene)) {
+        return UpdateMessage{UpdateMessages::tr("A new version is available"),
+                             UpdateMessages::textOf(*managed, product),
+                             managed->management == Management::nobody ||
+                                     managed->management == Management::itself
+                                 ? Remedy::website
+                                 : Remedy::none};
+    }
+    return std::nullopt;
 }
 
 } // namespace platform

@@ -94,14 +94,13 @@ void UpdateEngine::fetchDocument(const HttpsRequest& request,
     fetch_->start(request);
 }
 
-void UpdateEngine::examine(quint64 task) {
-    cancel();
-    task_ = task;
+void UpdateEngine::confirm() {
     const Installation installation = examine_();
     if (installation.management == Management::itself) {
+        confirmStart(installation); // the launcher asks again where the disk refused
         removeLeftovers(installation);
     }
-    tell(installation);
+    emit happened(0, installation);
 }
 
 void UpdateEngine::check(quint64 task, const UpdateHost& host, Asking asking) {

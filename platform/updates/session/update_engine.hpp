@@ -46,8 +46,9 @@ class UpdateEngine final : public QObject {
                  std::function<Installation()> examine);
     ~UpdateEngine() override;
 
-    /// Removes what broken updates left behind; ends with an `Installation`.
-    void examine(quint64 task);
+    /// The program has started: confirms it, and removes what broken updates left behind. Tells the
+    /// `Installation` for task 0, and disturbs no other.
+    void confirm();
     /// Ends with a `CheckOutcome`. What the host says of the installation is looked up afresh.
     void check(quint64 task, const UpdateHost& host, Asking asking);
     /// Ends with `ReleaseNotes`.

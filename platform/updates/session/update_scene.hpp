@@ -23,6 +23,7 @@ struct Checking {};
 
 struct UpToDate {
     QString version; ///< the running one
+    bool canCheckByItself = false;
 };
 
 struct Unsuitable {

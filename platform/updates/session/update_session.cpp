@@ -11,7 +11,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto longestWait = 1h; // between two looks at a clock that may be set meanwhile
-constexpr auto trial = 3s;       // what runs so long has started
 constexpr int startOfAsking = 2; // the first start belongs to the program itself
 
 template<class T>
@@ -26,15 +25,12 @@ UpdateSession::UpdateSession(UpdaterConfiguration configuration)
       store_(configuration_.storePath),
       memory_(store_.memory()) {
     timer_.setSingleShot(true);
-    timer_.setTimerType(Qt::VeryCoarseTimer);
     connect(&timer_, &QTimer::timeout, this, &UpdateSession::act);
-    confirmation_.setSingleShot(true);
-    connect(&confirmation_, &QTimer::timeout, this, [this] { confirmStart(*installation_); });
 }
 
 UpdateSession::~UpdateSession() {
-    if (confirmation_.isActive()) {
-        confirmStart(*installation_); // the program has come up, and ends in order
+    if (isStarted_ && !isTrialOver_) {
+        confirmStart(configuration_.examine()); // the program has come up, and ends in order
     }
     thread_.quit();
     thread_.wait();
@@ -47,15 +43,12 @@ bool UpdateSession::canInstall() const {
 
 void UpdateSession::start() {
     if (!std::exchange(isStarted_, true)) {
-        run([task = ++task_](UpdateEngine& engine) { engine.examine(task); });
+        timer_.start(configuration_.trial);
     }
 }
 
 void UpdateSession::hear(const Installation& installation) {
     installation_ = installation;
-    if (installation.management == Management::itself) {
-        confirmation_.start(trial);
-    }
     // What is managed by others, or was just built, is not asked about and remembers nothing.
     if (canInstall()) {
         ++memory_.starts;
@@ -63,12 +56,15 @@ void UpdateSession::hear(const Installation& installation) {
             memory_.phaseGroup = configuration_.random() % phaseGroups;
         }
         keep();
-        timer_.start(configuration_.firstDelay);
+        act();
     }
 }
 
 /// Sets the timer to the next check on schedule.
 void UpdateSession::plan() {
+    if (!isTrialOver_) {
+        return;
+    }
     const auto now = configuration_.now();
     if (const auto due = nextCheck(memory_, now); due && canInstall()) {
         const auto wait =
@@ -81,13 +77,16 @@ void UpdateSession::plan() {
 
 /// It is time for something to happen by itself, unless the user is at something else.
 void UpdateSession::act() {
+    if (!std::exchange(isTrialOver_, true)) {
+        run([](UpdateEngine& engine) { engine.confirm(); });
+        return;
+    }
     const auto now = configuration_.now();
     if (!std::holds_alternative<scene::Nothing>(scene_) || isChecking_) {
         timer_.start(longestWait);
         return;
     }
     if (!memory_.checksByItself && memory_.starts >= startOfAsking) {
-        isAskedFor_ = false;
         show(scene::Permission{});
     } else if (const auto due = nextCheck(memory_, now); due && *due <= now) {
         check(Asking::schedule);
@@ -117,7 +116,6 @@ void UpdateSession::checkForUpdates() {
                    !std::is_same_v<Scene, scene::Failed>;
         },
         scene_);
-    isAskedFor_ = true;
     if (isBusy) {
         emit attentionWanted();
         return;
@@ -131,8 +129,7 @@ void UpdateSession::checkForUpdates() {
 void UpdateSession::check(Asking asking) {
     asking_ = asking;
     isChecking_ = true;
-    isAskedFor_ = asking == Asking::user;
-    if (isAskedFor_) {
+    if (asking == Asking::user) {
         show(scene::Checking{});
     }
     ++task_;
@@ -209,7 +206,7 @@ void UpdateSession::hear(const CheckOutcome& outcome) {
     } else if (const auto* const reason = std::get_if<NothingSuitable>(&outcome.answer)) {
         show(scene::Unsuitable{*reason});
     } else {
-        show(scene::UpToDate{configuration_.version});
+        show(scene::UpToDate{configuration_.version, canInstall()});
     }
 }
 
@@ -260,7 +257,6 @@ void UpdateSession::install() {
     if (shown == nullptr) {
         return;
     }
-    isAskedFor_ = true;
     show(scene::Downloading{shown->version, {0, item_.enclosure.length, 0}});
     ++task_;
     const InstallOrder order{.helper = installHelper(*installation_),
@@ -282,7 +278,6 @@ void UpdateSession::hear(const UnpackingProgress& progress) {
 
 void UpdateSession::hear(ReadyToInstall) {
     show(scene::Ready{text(item_.displayVersion())});
-    emit attentionWanted();
 }
 
 void UpdateSession::relaunch() {

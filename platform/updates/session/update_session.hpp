@@ -17,22 +17,25 @@ namespace platform {
 /// What an updater is given: whose updates, for which installation, and its surroundings.
 struct UpdaterConfiguration {
     UpdateIdentity identity;
-    std::function<Installation()> examine; ///< how the installation stands; called on any thread
-    QString version;                       ///< the running one
+    QString version;       ///< the running one
     QStringList arguments; ///< of this run, for the next one; without the program's name
     std::string systemVersion;
     QString storePath; ///< where the updater remembers; empty: nowhere
     UpdateLimits limits;
-    std::chrono::milliseconds firstDelay{
-        5000}; ///< after the start, before anything happens by itself
+    /// After the start; a program that runs so long has started.
+    std::chrono::milliseconds trial{3000};
 
     std::function<std::chrono::system_clock::time_point()> now = [] {
         return std::chrono::system_clock::now();
     };
-    std::function<std::uint32_t()> random; ///< any 32 bits
-    /// Starts a program that outlives this one.
-    std::function<bool(const QString& program, const QStringList& arguments)> startProgram;
-    std::function<void()> quit;
+    /// How the installation stands. Called on any thread.
+    std::function<Installation()> examine = [] { return Installation(); };
+    /// Any 32 bits.
+    std::function<std::uint32_t()> random = [] { return 0U; };
+    /// Starts a program that outlives this one; false when it cannot be started.
+    std::function<bool(const QString& program, const QStringList& arguments)> startProgram =
+        [](const QString&, const QStringList&) { return false; };
+    std::function<void()> quit = [] {};
 };
 
 /// The course of an update, apart from looks: when to check, what to show, what follows from what
@@ -44,8 +47,8 @@ class UpdateSession final : public QObject {
     explicit UpdateSession(UpdaterConfiguration configuration);
     ~UpdateSession() override;
 
-    /// Confirms that this version has started, counts the start, and from then on asks and checks
-    /// when it is time.
+    /// After the trial: confirms that this version has started, counts the start, and from then on
+    /// asks and checks when it is time.
     void start();
 
     /// A check on the user's command: it always leads to a scene. While the user has to decide
@@ -53,8 +56,6 @@ class UpdateSession final : public QObject {
     void checkForUpdates();
 
     [[nodiscard]] const UpdateScene& scene() const { return scene_; }
-    /// Whether the user has asked for what is shown. What comes by itself does not take the focus.
-    [[nodiscard]] bool isAskedFor() const { return isAskedFor_; }
     [[nodiscard]] const UpdaterConfiguration& configuration() const { return configuration_; }
 
     /// Whether it checks by itself, once a day.
@@ -104,12 +105,11 @@ class UpdateSession final : public QObject {
     std::optional<Installation> installation_; // once it is known
     AppcastItem item_;                         // of an offer and what follows it
     bool isStarted_ = false;
-    bool isAskedFor_ = false;
+    bool isTrialOver_ = false;
     bool isChecking_ = false; // shown or in silence
     Asking asking_ = Asking::schedule;
     quint64 task_ = 0;
     QTimer timer_;
-    QTimer confirmation_;
     QThread thread_;
     UpdateEngine* engine_ = nullptr; // lives on the thread, and ends with it
 };
