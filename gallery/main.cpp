@@ -2,9 +2,10 @@
 // gallery --list              prints their names
 // gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale
 
+#include "app/larkvox_app.hpp"
 #include "driftwood/bridges/bundle_asset_source.hpp"
-#include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "gallery/gallery_window.hpp"
+#include "platform/assets/bundle.hpp"
 #include "platform/ui/appearance.hpp"
 
 #include <QApplication>
@@ -38,10 +39,13 @@ int shoot(gallery::GalleryWindow& window, const QString& name, const QString& fi
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // In the program's language and with its icon.
+    const platform::Bundle bundle(
+        QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/larkvox")));
+    larkvox::prepareApplication(application, bundle);
     QApplication::setApplicationName(QStringLiteral("gallery"));
     platform::setAppearance(application, platform::Appearance::darkAqua);
     driftwood::installKitAssets();
-    driftwood::resourceBundle().assets().registerFonts();
 
     const QStringList arguments = QApplication::arguments();
     if (arguments.value(1) == QStringLiteral("--list")) {
