@@ -1,10 +1,9 @@
 #include "platform/updates/dialogs/message_dialog.hpp"
 
-#include "platform/ui/system_font.hpp"
+#include "platform/updates/dialogs/dialog_controls.hpp"
 #include "platform/updates/dialogs/update_messages.hpp"
 
 #include <QBoxLayout>
-#include <QCheckBox>
 
 #include <utility>
 
@@ -21,26 +20,25 @@ bool MessageDialog::show(const UpdateScene& scene) {
     say(message->title, message->text);
     const auto* const upToDate = std::get_if<scene::UpToDate>(&scene);
     if (upToDate != nullptr && upToDate->canCheckByItself) {
-        auto* const box = new QCheckBox(tr("Check automatically once a day"));
-        box->setFont(systemFont(13, QFont::Normal));
+        auto* const box = new DialogCheckBox(tr("Check automatically once a day"));
         box->setChecked(context().checksByItself);
         connect(box, &QCheckBox::toggled, this, context().setChecksByItself);
         content().addWidget(box);
     }
+    addButton(tr("Close"), Prominence::quiet, context().dismiss)->setFocus();
     switch (message->remedy) {
     case Remedy::none:
         break;
     case Remedy::again:
-        addButton(tr("Try Again"), Prominence::quiet, context().checkAgain);
+        addButton(tr("Try Again"), Prominence::prominent, context().checkAgain);
         break;
     case Remedy::website:
-        addButton(tr("Open Website"), Prominence::quiet, [this] {
+        addButton(tr("Open Website"), Prominence::prominent, [this] {
             context().workspace->open(context().website);
             context().dismiss();
         });
         break;
     }
-    addButton(tr("Close"), Prominence::prominent, context().dismiss)->setFocus();
     return true;
 }
 

@@ -2,10 +2,12 @@
 
 #include "platform/ui/focus_ring.hpp"
 #include "platform/ui/system_font.hpp"
+#include "platform/updates/dialogs/dialog_controls.hpp"
 
 #include <QFocusEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextDocument>
 
 namespace platform {
@@ -21,22 +23,31 @@ ReleaseNotesView::ReleaseNotesView(Workspace& workspace, QWidget* parent) : QTex
     setFont(systemFont(13, QFont::Normal));
     setAccessibleName(tr("Release notes"));
     setMinimumHeight(120);
+    setVerticalScrollBar(new DialogScrollBar);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabChangesFocus(true);
     setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(14);
     document()->setIndentWidth(20);
-    document()->setDefaultStyleSheet(
-        QStringLiteral("h1, h2 { font-size: 15px; font-weight: 600; }"
-                       "h3, h4, h5, h6 { font-size: 13px; font-weight: 600; }"
-                       "pre, code { font-family: monospace; }"));
     connect(this, &QTextBrowser::anchorClicked, this,
             [&workspace](const QUrl& url) { workspace.open(url); });
 }
 
 void ReleaseNotesView::showNotes(const QString& html) {
     setHtml(html);
+    // Headings are told apart by weight, not by the sizes of a newspaper.
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (const int level = block.blockFormat().headingLevel(); level > 0) {
+            QTextCursor cursor(block);
+            cursor.select(QTextCursor::BlockUnderCursor);
+            QTextCharFormat format;
+            format.setProperty(QTextFormat::FontSizeAdjustment, 0);
+            format.setProperty(QTextFormat::FontPixelSize, level <= 2 ? 15 : 13);
+            format.setFontWeight(QFont::DemiBold);
+            cursor.mergeCharFormat(format);
+        }
+    }
     verticalScrollBar()->setValue(0);
 }
 

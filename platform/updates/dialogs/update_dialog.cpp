@@ -59,8 +59,9 @@ UpdateDialog::UpdateDialog(const DialogContext& context, QWidget* parent)
     texts->setSpacing(6);
     texts->addWidget(title_);
     texts->addWidget(text_);
-    texts->addSpacing(8);
-    texts->addLayout(content_, 1);
+    texts->addSpacing(10);
+    texts->addLayout(content_);
+    texts->addStretch(1);
     auto* const upper = new QHBoxLayout;
     upper->setSpacing(20);
     upper->addWidget(icon, 0, Qt::AlignTop);
