@@ -34,6 +34,7 @@ TEST(PublicationDate, IsReadInItsUsualForms) {
 TEST(PublicationDate, IsNotGuessed) {
     for (const char* const text : {"",
                                    "soon",
+                                   "on Tue, 04 Mar 2025 09:30:00 Z",
                                    "2025-03-04T09:30:00Z",
                                    "04 Mar 2025",
                                    "04 Mar 2025 09:30",

@@ -84,7 +84,11 @@ std::optional<minutes> zoneOffset(std::string_view zone) {
 
 std::optional<sys_seconds> parsePublicationDate(std::string_view text) {
     if (const auto comma = text.find(','); comma != std::string_view::npos) {
-        text.remove_prefix(comma + 1); // the weekday says nothing new
+        const auto isLetter = [](char c) { return (c | 32) >= 'a' && (c | 32) <= 'z'; };
+        if (!std::ranges::all_of(text.substr(0, comma), isLetter)) {
+            return std::nullopt;
+        }
+        text.remove_prefix(comma + 1); // which day of the week it was says nothing new
     }
     Scanner scanner(text);
     const auto day = scanner.number(1, 2, 31);

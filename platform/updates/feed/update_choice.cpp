@@ -29,8 +29,9 @@ bool isForHost(const AppcastItem& item, const UpdateHost& host) {
 }
 
 bool isCriticalFor(const AppcastItem& item, const UpdateHost& host) {
-    return item.isCritical && (item.criticalBelow.empty() ||
-                               compareVersions(host.installedVersion, item.criticalBelow) < 0);
+    return item.isCritical &&
+           (item.criticalBelow.empty() ||
+            std::is_lt(compareVersions(host.installedVersion, item.criticalBelow)));
 }
 
 /// "6.1" of "6.1-amd64": what follows the numbers is no pre-release of a system.
@@ -52,7 +53,7 @@ bool hasCome(const AppcastItem& item, const UpdateHost& host) {
 std::optional<Why> obstacle(const AppcastItem& item, const UpdateHost& host, Asking asking) {
     const AppcastEnclosure& enclosure = item.enclosure;
     if (!host.highestInstalledVersion.empty() &&
-        compareVersions(item.version, host.highestInstalledVersion) < 0) {
+        std::is_lt(compareVersions(item.version, host.highestInstalledVersion))) {
         return Why::belowHighestInstalled;
     }
     if (!isSecureAddress(enclosure.url)) {
@@ -68,13 +69,13 @@ std::optional<Why> obstacle(const AppcastItem& item, const UpdateHost& host, Ask
         return Why::tooLarge;
     }
     if (!item.minimumSystemVersion.empty() &&
-        compareVersions(systemNumbers(host.systemVersion), item.minimumSystemVersion) < 0) {
+        std::is_lt(compareVersions(systemNumbers(host.systemVersion), item.minimumSystemVersion))) {
         return Why::needsNewerSystem;
     }
     if (asking == Asking::schedule) {
         // Who does not want a version wants none before it, either.
         if (!host.skippedVersion.empty() &&
-            compareVersions(item.version, host.skippedVersion) <= 0) {
+            std::is_lteq(compareVersions(item.version, host.skippedVersion))) {
             return Why::skipped;
         }
         if (!hasCome(item, host)) {
@@ -89,8 +90,8 @@ bool isBetter(const AppcastItem& item, const AppcastItem* best, const UpdateHost
         return true;
     }
     const auto order = compareVersions(item.version, best->version);
-    return order > 0 || (order == 0 && systemMatch(item.enclosure.os, host) >
-                                           systemMatch(best->enclosure.os, host));
+    return std::is_gt(order) || (std::is_eq(order) && systemMatch(item.enclosure.os, host) >
+                                                          systemMatch(best->enclosure.os, host));
 }
 
 } // namespace
@@ -106,7 +107,7 @@ chooseUpdate(const Appcast& appcast, const UpdateHost& host, Asking asking) {
             continue;
         }
         hasAny = true;
-        if (compareVersions(item.version, host.installedVersion) <= 0) {
+        if (std::is_lteq(compareVersions(item.version, host.installedVersion))) {
             continue;
         }
         if (const auto reason = obstacle(item, host, asking); !reason) {

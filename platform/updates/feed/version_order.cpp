@@ -31,7 +31,7 @@ std::strong_ordering compareNumbers(std::string_view left, std::string_view righ
     takeWhile(left, isZero);
     takeWhile(right, isZero);
     const auto bySize = left.size() <=> right.size();
-    return bySize != 0 ? bySize : left.compare(right) <=> 0;
+    return std::is_neq(bySize) ? bySize : left.compare(right) <=> 0;
 }
 
 std::strong_ordering compareWords(std::string_view left, std::string_view right) {
@@ -80,7 +80,7 @@ std::strong_ordering comparePreReleases(Parts left, Parts right) {
         const auto order = isNumberA != isNumberB ? isNumberB <=> isNumberA
                            : isNumberA            ? compareNumbers(a, b)
                                                   : compareWords(a, b);
-        if (order != 0) {
+        if (std::is_neq(order)) {
             return order;
         }
     }
@@ -95,12 +95,12 @@ std::strong_ordering compareVersions(std::string_view left, std::string_view rig
         // In its own statements: each takes a number away.
         const auto numberA = a.nextNumber();
         const auto numberB = b.nextNumber();
-        if (const auto order = compareNumbers(numberA, numberB); order != 0) {
+        if (const auto order = compareNumbers(numberA, numberB); std::is_neq(order)) {
             return order;
         }
     }
     const auto byRelease = a.preRelease.empty() <=> b.preRelease.empty();
-    return byRelease != 0 ? byRelease : comparePreReleases(a, b);
+    return std::is_neq(byRelease) ? byRelease : comparePreReleases(a, b);
 }
 
 bool isVersion(std::string_view text) {

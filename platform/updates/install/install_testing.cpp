@@ -26,6 +26,15 @@ namespace fs = std::filesystem;
     std::abort();
 }
 
+fs::path makePlace() {
+    std::string pattern = (fs::temp_directory_path() / "larkvox-test-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) {
+        giveUp("mkdtemp");
+    }
+    fs::permissions(pattern, fs::perms(0755));
+    return pattern;
+}
+
 SealedFile sealedCopy(const std::vector<std::byte>& bytes) {
     std::error_code error;
     SealedFile file = SealedFile::create("update", error);
@@ -52,14 +61,7 @@ std::string brokenProgram() {
     return "#!/bin/sh\nexit 3\n";
 }
 
-InstalledCopy::InstalledCopy() {
-    std::string pattern = (fs::temp_directory_path() / "larkvox-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) {
-        giveUp("mkdtemp");
-    }
-    place_ = pattern;
-    root_ = place_ / "Larkvox";
-    fs::permissions(place_, fs::perms(0755));
+InstalledCopy::InstalledCopy() : place_(makePlace()), root_(place_ / "Larkvox") {
     for (const MadeEntry& entry : goodUpdate("1.0.0", workingProgram())) {
         const fs::path path = place_ / entry.name;
         if (entry.type == MadeEntry::Type::folder) {
@@ -73,6 +75,11 @@ InstalledCopy::InstalledCopy() {
     }
     fs::remove(launcher());
     fs::copy_file(TEST_LAUNCHER, launcher());
+}
+
+InstalledCopy::InstalledCopy(const InstalledCopy& other)
+    : place_(makePlace()), root_(place_ / "Larkvox") {
+    fs::copy(other.place_, place_, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
 }
 
 InstalledCopy::~InstalledCopy() {

@@ -24,7 +24,7 @@ class InstalledCopy {
   public:
     InstalledCopy();
     ~InstalledCopy();
-    InstalledCopy(const InstalledCopy&) = delete;
+    InstalledCopy(const InstalledCopy& other); ///< another one on the disk, as that is now
     InstalledCopy& operator=(const InstalledCopy&) = delete;
 
     [[nodiscard]] const std::filesystem::path& root() const { return root_; }

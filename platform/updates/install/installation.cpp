@@ -222,8 +222,9 @@ void removeLeftovers(const Installation& installation) {
     {
         const RecordLock lock(root.get(), RecordLock::Folder::mustExist);
         current = currentVersion(root.get());
-        if (!lock.holds() || current.empty()) {
-            return; // what is to be kept is not certain
+        const bool isCertain = lock.holds() || lock.error() == ENOENT; // nothing was ever noted
+        if (!isCertain || current.empty()) {
+            return;
         }
         for (const char* const unfinished : {"record.new", "current.new"}) {
             fs::remove(installation.root / stateName / unfinished, error);
