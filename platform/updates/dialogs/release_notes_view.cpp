@@ -51,39 +51,32 @@ void ReleaseNotesView::showNotes(const QString& html) {
     verticalScrollBar()->setValue(0);
 }
 
+/// The panel below text and scroll bar.
 bool ReleaseNotesView::event(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange) {
-        viewport()->update();
+    if (event->type() != QEvent::Paint) {
+        return QTextBrowser::event(event);
     }
-    return QTextBrowser::event(event);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(255, 255, 255, 22), 1));
+    painter.setBrush(palette().color(QPalette::Base).darker(115));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    if (showsFocus_ && hasFocus()) {
+        paintFocusRing(painter, QRectF(rect()), radius, palette());
+    }
+    return true;
 }
 
 void ReleaseNotesView::focusInEvent(QFocusEvent* event) {
     showsFocus_ = showsFocusAfter(event->reason(), showsFocus_);
     QTextBrowser::focusInEvent(event);
-    viewport()->update();
+    update();
 }
 
 void ReleaseNotesView::focusOutEvent(QFocusEvent* event) {
     showsFocus_ = showsFocusAfter(event->reason(), showsFocus_);
     QTextBrowser::focusOutEvent(event);
-    viewport()->update();
-}
-
-void ReleaseNotesView::paintEvent(QPaintEvent* event) {
-    {
-        QPainter painter(viewport());
-        painter.setRenderHint(QPainter::Antialiasing);
-        const QRectF panel = QRectF(viewport()->rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-        painter.setPen(QPen(QColor(255, 255, 255, 22), 1));
-        painter.setBrush(palette().color(QPalette::Base).darker(115));
-        painter.drawRoundedRect(panel, radius, radius);
-    }
-    QTextBrowser::paintEvent(event);
-    if (showsFocus_ && hasFocus()) {
-        QPainter painter(viewport());
-        paintFocusRing(painter, QRectF(viewport()->rect()), radius, palette());
-    }
+    update();
 }
 
 } // namespace platform

@@ -23,7 +23,6 @@ class ReleaseNotesView final : public QTextBrowser {
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
   private:
     bool showsFocus_ = false;
