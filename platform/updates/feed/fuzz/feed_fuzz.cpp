@@ -48,13 +48,14 @@ struct Choice {
     bool isFine = true;
 };
 
-// Versions with their place in the order. What is not above 1.4, or below 1.5, is before place 5.
+// Versions with their place in the order.
 struct VersionChoice {
     const char* text;
     int rank; // 0 for what is no version
 };
 constexpr VersionChoice versions[] = {{"", 0},
                                       {"../2", 0},
+                                      {"9/x", 0},
                                       {"1.3", 1},
                                       {"1.4b9", 2},
                                       {"1.4", 3},
@@ -67,12 +68,16 @@ constexpr VersionChoice versions[] = {{"", 0},
                                       {"1.10-b1", 7},
                                       {"1.10", 8},
                                       {"1.10.0", 8},
-                                      {"1.10.1b2", 9},
-                                      {"1.11", 10},
-                                      {"2", 11},
-                                      {"2.0.0", 11},
-                                      {"99999999999999999999", 12}};
-constexpr int firstAllowedRank = 5;
+                                      {"1.10.1-1", 9},
+                                      {"1.10.1b", 10},
+                                      {"1.10.1b2", 11},
+                                      {"1.10.1b10", 12},
+                                      {"1.11", 13},
+                                      {"2", 14},
+                                      {"2.0.0", 14},
+                                      {"99999999999999999999", 15}};
+constexpr int installedRank = 3;
+constexpr int highestInstalledRank = 5;
 constexpr int skippedRank = 8;
 
 constexpr Choice urls[] = {{"https://a.example/1"},       {"HTTPS://b.example/2"},
@@ -131,7 +136,7 @@ std::string element(const std::string& name, const std::string& text) {
     return text.empty() ? std::string() : '<' + name + '>' + text + "</" + name + '>';
 }
 
-MadeItem makeItem(Draw& draw) {
+MadeItem makeItem(Draw& draw, int lowestRank) {
     MadeItem made;
     const VersionChoice& version = draw.from(versions);
     const Choice& url = draw.from(urls);
@@ -148,7 +153,7 @@ MadeItem makeItem(Draw& draw) {
     const std::size_t nonsense = draw.below(6);
 
     made.rank = version.rank;
-    made.isFineForUser = version.rank >= firstAllowedRank && url.isFine && signature.isFine &&
+    made.isFineForUser = version.rank >= lowestRank && url.isFine && signature.isFine &&
                          length.isFine && system.isFine && channel.isFine && minimum.isFine &&
                          nonsense != 1;
     made.isFineForSchedule =
@@ -178,11 +183,17 @@ MadeItem makeItem(Draw& draw) {
 
 void checkMadeFeed(std::string_view bytes) {
     Draw draw(bytes);
+    platform::UpdateHost host = makeHost();
+    int lowestRank = highestInstalledRank;
+    if (draw.below(2) == 0) {
+        host.highestInstalledVersion.clear();
+        lowestRank = installedRank + 1;
+    }
     std::string document = "<rss xmlns:sparkle=\"u\"><channel>";
     int bestForUser = 0;
     int bestForSchedule = 0;
     for (int count = 0; count < 40 && !draw.isOver(); ++count) {
-        const MadeItem item = makeItem(draw);
+        const MadeItem item = makeItem(draw, lowestRank);
         document += item.text;
         bestForUser = std::max(bestForUser, item.isFineForUser ? item.rank : 0);
         bestForSchedule = std::max(bestForSchedule, item.isFineForSchedule ? item.rank : 0);
@@ -193,7 +204,7 @@ void checkMadeFeed(std::string_view bytes) {
     require(appcast != nullptr, "a good feed is read");
     for (const Asking asking : {Asking::user, Asking::schedule}) {
         const int best = asking == Asking::user ? bestForUser : bestForSchedule;
-        const auto choice = chooseUpdate(*appcast, makeHost(), asking);
+        const auto choice = chooseUpdate(*appcast, host, asking);
         const auto* const chosen = std::get_if<platform::AppcastItem>(&choice);
         require((chosen != nullptr) == (best > 0),
                 "there is an offer exactly when there may be one");
@@ -223,7 +234,7 @@ void requireAllowed(const platform::AppcastItem& item) {
     require(item.enclosure.length > 0 && item.enclosure.length <= 1073741824, "of a sane length");
     require(isOneOf(item.enclosure.os, {"", "linux", "linux-x86_64"}), "for this system");
     require(isOneOf(item.channel, {"", "beta"}), "from a channel that is wanted");
-    require(item.version.find('/') == std::string::npos && !item.version.empty(), "a version");
+    require(!item.version.empty() && item.version.find('/') == std::string::npos, "a version");
     // By numbers alone: 0.x to 1.3.x is never an update of 1.4.
     require(!item.version.starts_with("0.") && !item.version.starts_with("1.0.") &&
                 !item.version.starts_with("1.2.") && !item.version.starts_with("1.3."),
