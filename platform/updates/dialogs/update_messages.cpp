@@ -112,7 +112,8 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
         return tr("The download doesn’t have the size that was announced. It was thrown away. Try "
                   "again later.");
     case UpdateProblem::archiveTooLarge:
-        return tr("The update is far larger than it can be. It was thrown away.");
+        return tr(
+            "The update is far larger than it can be. It was thrown away. Please tell the maker.");
     case UpdateProblem::signatureMissing:
         return tr(
             "The update isn’t signed, so nobody can tell who made it. It was thrown away. Get "
@@ -130,7 +131,8 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
                   "tell the maker.");
     case UpdateProblem::otherProduct:
         //: %1 is the name of the program
-        return tr("What was downloaded isn’t %1 but another program. It was thrown away.")
+        return tr("What was downloaded isn’t %1 but another program. It was thrown away. Try again "
+                  "later.")
             .arg(product);
     case UpdateProblem::otherPlatform:
         return tr("The update is for another kind of computer. It was thrown away. Get the right "
@@ -228,8 +230,8 @@ QString UpdateMessages::textOf(const NothingSuitable& reason, const QString& pro
         return tr("%1 %2 is announced with a size that can’t be right. Try again later.")
             .arg(product, version);
     case NothingSuitable::Why::needsNewerSystem:
-        //: %1 is the name of the program, %2 a version of it, %3 one of the system
-        return tr("%1 %2 needs a newer system: at least version %3. Update your system first.")
+        //: %1 is the name of the program, %2 a version of it, %3 one of the system’s kernel
+        return tr("%1 %2 needs a newer system: Linux %3 or later. Update your system first.")
             .arg(product, version, QString::fromStdString(reason.item.minimumSystemVersion));
     case NothingSuitable::Why::belowHighestInstalled:
         //: %1 is the name of the program, %2 a version
