@@ -2,6 +2,7 @@
 set(LARKVOX_UPDATE_PUBLIC_KEY "" CACHE STRING
     "Ed25519 public key of the maker, base64; a build without one cannot update itself")
 set(LARKVOX_IDENTIFIER "example.fennick.larkvox")
+string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" LARKVOX_PLATFORM)
 # The key of the tests; its secret half is in platform/updates/testing/test_key.cpp.
 set(LARKVOX_TEST_PUBLIC_KEY "lv2GMruoLYyTz+c6kBf7KBELM9m09z9aun96YSwiexg=")
 

@@ -108,7 +108,7 @@ class Unpacking {
           rules_(archive.size()),
           writer_(folder),
           progress_(progress),
-          buffer_(std::size_t{256} * 1024) {}
+          buffer_(std::size_t{64} * 1024) {}
 
     UnpackResult run() {
         while (const auto entry = reader_.next()) {

@@ -6,11 +6,11 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <chrono>
-#include <sstream>
-#include <thread>
+#include <charconv>
+#include <ctime>
 
 namespace platform {
 namespace {
@@ -46,14 +46,20 @@ int writeAll(int file, std::string_view text) {
     return 0;
 }
 
-InstallationRecord parseRecord(const std::string& content) {
+/// Takes what comes before the next `separator`, and that, off a text.
+std::string take(std::string_view& text, char separator) {
+    const std::string_view part = text.substr(0, text.find(separator));
+    text.remove_prefix(std::min(text.size(), part.size() + 1));
+    return std::string(part);
+}
+
+InstallationRecord parseRecord(std::string_view content) {
     InstallationRecord record;
-    std::istringstream lines(content);
-    for (std::string line; std::getline(lines, line);) {
-        std::istringstream words(line);
-        std::string key;
-        std::string version;
-        words >> key >> version;
+    while (!content.empty()) {
+        const std::string whole = take(content, '\n');
+        std::string_view line = whole;
+        const std::string key = take(line, ' ');
+        const std::string version = take(line, ' ');
         if (!isVersion(version)) {
             continue;
         }
@@ -64,8 +70,10 @@ InstallationRecord parseRecord(const std::string& content) {
         } else if (key == "failed") {
             record.failed = version;
         } else if (key == "trial") {
-            InstallationRecord::Trial trial{version, {}, 0};
-            if (words >> trial.previous >> trial.starts && isVersion(trial.previous)) {
+            InstallationRecord::Trial trial{version, take(line, ' '), 0};
+            const auto [end, error] =
+                std::from_chars(line.data(), line.data() + line.size(), trial.starts);
+            if (isVersion(trial.previous) && error == std::errc() && trial.starts >= 0) {
                 record.trial = trial;
             }
         }
@@ -181,7 +189,8 @@ int lockFolder(int folder, Sharing sharing, int tenths) {
         if (errno != EWOULDBLOCK || tenths-- <= 0) {
             return errno;
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        const timespec tenth{0, 100'000'000};
+        nanosleep(&tenth, nullptr);
     }
     return 0;
 }
