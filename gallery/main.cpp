@@ -3,10 +3,10 @@
 // gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale.
 //                             What the GPU draws is in it only where there is a screen.
 
+#include "app/larkvox_app.hpp"
 #include "driftwood/bridges/bundle_asset_source.hpp"
-#include "driftwood/bridges/resource_bundle_accessor.hpp"
-#include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "gallery/gallery_window.hpp"
+#include "platform/assets/bundle.hpp"
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/appearance.hpp"
 #include "platform/ui/main_queue_driver.hpp"
@@ -49,11 +49,13 @@ int shoot(gallery::GalleryWindow& window, const QString& name, const QString& fi
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // In the program's language and with its icon.
+    const platform::Bundle bundle(
+        QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/larkvox")));
+    larkvox::prepareApplication(application, bundle);
     QApplication::setApplicationName(QStringLiteral("gallery"));
     platform::setAppearance(application, platform::Appearance::darkAqua);
     driftwood::installKitAssets();
-    driftwood::resourceBundle().assets().registerFonts();
-    fernhorn::resourceBundle().assets().registerFonts();
     const platform::MainQueueDriver driver;
 
     const QStringList arguments = QApplication::arguments();

@@ -2,6 +2,7 @@
 #include "gallery/fernhorn/fernhorn_pages.hpp"
 #include "gallery/page.hpp"
 #include "gallery/shaders/shader_pages.hpp"
+#include "gallery/updates/update_pages.hpp"
 
 namespace gallery {
 
@@ -11,6 +12,7 @@ const std::vector<Page>& pages() {
         addFernhornPages(made);
         addDriftwoodButtonPages(made);
         addShaderPages(made);
+        addUpdatePages(made);
         return made;
     }();
     return all;

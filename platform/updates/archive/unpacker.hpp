@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/updates/archive/archive_manifest.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <variant>
+
+namespace platform {
+
+enum class ArchiveFault {
+    unreadable, ///< no archive of the kind, or a damaged one
+    unsafe,     ///< it holds what an update never holds
+    tooLarge,   ///< more files or more bytes than an update has
+    cancelled,  ///< the caller did not want to go on
+    system      ///< a file could not be written
+};
+
+struct ArchiveFailure {
+    ArchiveFault fault = ArchiveFault::unreadable;
+    std::string detail;  ///< one line, in English, for a report
+    int systemError = 0; ///< the errno of `ArchiveFault::system`
+};
+
+/// What was in an archive that kept all rules.
+struct UnpackedArchive {
+    ArchiveManifest manifest; ///< its version is the one of the folder that it lies in
+    std::uint64_t bytes = 0;  ///< of all files together
+    std::size_t files = 0;
+};
+
+/// Told the bytes of the archive that are done; false stops the work.
+using ArchiveProgress = std::function<bool(std::uint64_t done)>;
+
+using UnpackResult = std::variant<UnpackedArchive, ArchiveFailure>;
+
+/// Unpacks the version that an update archive holds (its folder "Larkvox/versions/VERSION") into an
+/// empty folder, given by its descriptor. Only files and folders are made, none outside of it, no
+/// link is followed. What was made before a failure stays for the caller to remove. The archive's
+/// bytes must not change meanwhile.
+[[nodiscard]] UnpackResult unpackArchive(std::span<const std::byte> archive, int folder,
+                                         const ArchiveProgress& progress = {});
+
+/// The same rules, and nothing is written.
+[[nodiscard]] UnpackResult examineArchive(std::span<const std::byte> archive);
+
+} // namespace platform

@@ -1,0 +1,258 @@
+#include "platform/updates/install/installation.hpp"
+
+#include "platform/updates/archive/archive_manifest.hpp"
+#include "platform/updates/feed/version_order.hpp"
+#include "platform/updates/install/installation_record.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+struct Place {
+    fs::path root;
+    std::string version;
+};
+
+/// The installation that a program lies in, ROOT/versions/VERSION/bin/PROGRAM, judging by its
+/// shape.
+Place placeOf(const fs::path& executable) {
+    std::error_code error;
+    const fs::path program = fs::canonical(executable, error);
+    const fs::path folder = program.parent_path().parent_path();
+    const fs::path versions = folder.parent_path();
+    Place place{versions.parent_path(), folder.filename().string()};
+    const auto manifest = readArchiveManifest(contentOf(folder / "manifest.json"));
+    if (error || versions.filename() != versionsName || !isVersion(place.version) || !manifest ||
+        manifest->version != place.version ||
+        !fs::is_regular_file(place.root / launcherName, error) ||
+        !fs::is_symlink(place.root / currentName, error)) {
+        return {};
+    }
+    return place;
+}
+
+/// The Debian package that a file comes from; empty when it comes from none.
+std::string packageOwning(const fs::path& file, const fs::path& information) {
+    // Packages may list what lies in /usr under the name that it had before.
+    std::vector<std::string> lines{'\n' + file.string() + '\n'};
+    if (file.string().starts_with("/usr/")) {
+        lines.push_back('\n' + file.string().substr(std::strlen("/usr")) + '\n');
+    }
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(information, error)) {
+        if (entry.path().extension() != ".list") {
+            continue;
+        }
+        const std::string content = '\n' + contentOf(entry.path());
+        if (std::ranges::any_of(lines, [&content](const std::string& line) {
+                return content.find(line) != std::string::npos;
+            })) {
+            const std::string name = entry.path().stem().string();
+            return name.substr(0, name.find(':')); // without the architecture
+        }
+    }
+    return {};
+}
+
+/// The name that a Flatpak's information file gives: the line "name=" under "[Application]".
+std::string flatpakName(const fs::path& information) {
+    std::ifstream file(information);
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("name=")) {
+            return line.substr(std::strlen("name="));
+        }
+    }
+    return {};
+}
+
+bool canWrite(const fs::path& folder) {
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+bool canUpdate(const fs::path& root) {
+    std::error_code error;
+    const fs::path state = root / stateName;
+    return canWrite(root) && canWrite(root / versionsName) &&
+           (!fs::exists(state, error) || canWrite(state));
+}
+
+bool isRunning(const fs::path& version) {
+    const Descriptor folder = openFolder(version);
+    return folder && lockFolder(folder.get(), Sharing::exclusive) != 0;
+}
+
+/// Removes the versions that are neither current nor kept nor running.
+void removeOldVersions(const fs::path& root, const std::string& current, const std::string& kept) {
+    std::error_code error;
+    std::vector<fs::path> old;
+    for (const auto& entry : fs::directory_iterator(root / versionsName, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name != current && name != kept) {
+            old.push_back(entry.path());
+        }
+    }
+    for (const fs::path& version : old) {
+        if (!isRunning(version)) {
+            fs::remove_all(version, error);
+        }
+    }
+}
+
+/// The descriptor in which the launcher handed over its lock on `folder`; none without a launcher.
+Descriptor inheritedLock(const Descriptor& folder) {
+    const char* const text = std::getenv(lockVariable);
+    if (text == nullptr) {
+        return {};
+    }
+    int number = -1;
+    const auto [end, error] = std::from_chars(text, text + std::strlen(text), number);
+    struct stat mine {};
+    struct stat handed {};
+    const bool isIt = error == std::errc() && *end == '\0' && number > STDERR_FILENO &&
+                      fstat(folder.get(), &mine) == 0 && fstat(number, &handed) == 0 &&
+                      mine.st_dev == handed.st_dev && mine.st_ino == handed.st_ino &&
+                      fcntl(number, F_SETFD, FD_CLOEXEC) == 0;
+    unsetenv(lockVariable); // it is not for the programs that this one starts
+    return isIt ? Descriptor(number) : Descriptor();
+}
+
+} // namespace
+
+Installation examineInstallation(const fs::path& executable, const SystemPlaces& places) {
+    std::error_code error;
+    Installation found;
+    if (fs::exists(places.flatpakInformation, error)) {
+        found.management = Management::flatpak;
+        found.packageName = flatpakName(places.flatpakInformation);
+        return found;
+    }
+    const fs::path program = fs::canonical(executable, error);
+    found.packageName = packageOwning(program, places.dpkgInformation);
+    if (!found.packageName.empty()) {
+        found.management = Management::dpkg;
+        return found;
+    }
+    const Place place = placeOf(program);
+    if (place.root.empty()) {
+        found.management =
+            canWrite(program.parent_path()) ? Management::nobody : Management::readOnly;
+        return found;
+    }
+    found.root = place.root;
+    found.runningVersion = place.version;
+    found.management = canUpdate(place.root) ? Management::itself : Management::readOnly;
+    if (const Descriptor root = openFolder(place.root)) {
+        const std::string current = currentVersion(root.get());
+        const InstallationRecord record = readRecord(root.get(), current);
+        found.failedVersion = record.failed;
+        found.highestInstalledVersion = place.version;
+        for (const std::string& version : {record.highest, current}) {
+            if (compareVersions(version, found.highestInstalledVersion) > 0) {
+                found.highestInstalledVersion = version;
+            }
+        }
+    }
+    return found;
+}
+
+fs::path launcher(const Installation& installation) {
+    return installation.root.empty() ? fs::path() : installation.root / launcherName;
+}
+
+fs::path installHelper(const Installation& installation) {
+    if (installation.root.empty()) {
+        return {};
+    }
+    const fs::path helper =
+        installation.root / versionsName / installation.runningVersion / helperPath;
+    return access(helper.c_str(), X_OK) == 0 ? helper : fs::path();
+}
+
+bool confirmStart(const Installation& installation) {
+    const Descriptor root = openFolder(installation.root);
+    if (!root || !readRecord(root.get(), currentVersion(root.get())).trial) {
+        return true;
+    }
+    const RecordLock lock(root.get(), RecordLock::Folder::mustExist);
+    const std::string current = currentVersion(root.get());
+    InstallationRecord record = readRecord(root.get(), current);
+    if (!lock.holds()) {
+        return false;
+    }
+    if (!record.trial || current != installation.runningVersion) {
+        return true; // another copy was quicker, or another version is on trial
+    }
+    record.previous = record.trial->previous;
+    if (record.failed == current) {
+        record.failed.clear();
+    }
+    record.trial.reset();
+    return writeRecord(root.get(), record) == 0;
+}
+
+void removeLeftovers(const Installation& installation) {
+    const Descriptor root = openFolder(installation.root);
+    if (installation.management != Management::itself || !root ||
+        lockFolder(root.get(), Sharing::exclusive) != 0) {
+        return;
+    }
+    std::error_code error;
+    fs::remove_all(installation.root / stagingName, error);
+    std::string current;
+    std::string kept;
+    {
+        const RecordLock lock(root.get(), RecordLock::Folder::mustExist);
+        current = currentVersion(root.get());
+        const bool isCertain = lock.holds() || lock.error() == ENOENT; // nothing was ever noted
+        if (!isCertain || current.empty()) {
+            return;
+        }
+        for (const char* const unfinished : {"record.new", "current.new"}) {
+            fs::remove(installation.root / stateName / unfinished, error);
+        }
+        kept = readRecord(root.get(), current).kept();
+    }
+    // Whatever others do now, they never choose a version that is neither of the two.
+    removeOldVersions(installation.root, current, kept);
+}
+
+RunningCopy::RunningCopy(const fs::path& executable) {
+    const Place place = placeOf(executable);
+    Descriptor folder =
+        place.root.empty() ? Descriptor() : openFolder(place.root / versionsName / place.version);
+    if (!folder) {
+        return;
+    }
+    // Only for a moment it may be that somebody looks whether it is running.
+    const Descriptor handedOver = inheritedLock(folder);
+    if (lockFolder(folder.get(), Sharing::shared, 20) == 0) {
+        lock_ = folder.release();
+    }
+}
+
+RunningCopy::~RunningCopy() {
+    if (lock_ >= 0) {
+        close(lock_);
+    }
+}
+
+} // namespace platform
