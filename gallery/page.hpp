@@ -17,6 +17,7 @@ struct Page {
     QString title;
     QString summary;                     ///< one sentence
     std::function<void(QWidget&)> build; ///< puts the content into the widget, which has a column
+    int width = 824;                     ///< points, with margins of 32 at both sides
 };
 
 /// All pages, in the order of the list.

@@ -164,10 +164,10 @@ void drawRocker(Canvas& canvas, const Key& key, Travel travel, Direction directi
 
 void addChaosButtons(std::vector<Drawing>& drawings) {
     const Key wide{{80, 36}, 4.5, 4, graphite()};
-    constexpr core::EdgeInsets wideCaps{10, 24, 16, 24};
+    constexpr core::EdgeInsets wideCaps{10, 27, 16, 27};
     constexpr double wideInset = 18;
     const Key narrow{{44, 36}, 4.5, 4, graphite()};
-    constexpr core::EdgeInsets narrowCaps{10, 16, 16, 16};
+    constexpr core::EdgeInsets narrowCaps{10, 20, 16, 20};
     constexpr double narrowInset = 12;
     drawings.push_back(
         toggle("chaos-button-grey-off", wide, wideCaps, wideInset, Travel::up, false));

@@ -13,7 +13,7 @@ using parts::Tone;
 // Modern: one row of a panel, 27 points high, as wide as its caption needs.
 
 constexpr core::Size modernSize{40, 27};
-constexpr core::EdgeInsets modernCaps{9, 13, 10, 13};
+constexpr core::EdgeInsets modernCaps{9, 15, 10, 15};
 
 QPainterPath modernBody() {
     return material::roundedRect({1, 1, modernSize.width - 2, modernSize.height - 3}, 4);

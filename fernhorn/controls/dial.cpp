@@ -1,6 +1,7 @@
 #include "fernhorn/controls/dial.hpp"
 
 #include "fernhorn/controls/film_strip.hpp"
+#include "fernhorn/controls/repaint.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/format/default_label_formatter.hpp"
 
@@ -67,7 +68,7 @@ KnobClick Dial::clickAt(QPointF point) const {
 
 void Dial::valueDidChange(float value) {
     if (label_.valueDidChange(value)) {
-        update();
+        repaintWithGround(*this);
     }
     KnobControl::valueDidChange(value);
 }

@@ -1,5 +1,6 @@
 #include "fernhorn/controls/film_strip.hpp"
 
+#include "fernhorn/controls/device_pixels.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 
 #include <QPainter>
@@ -40,20 +41,8 @@ void FilmStrip::paint(QPainter& painter, const QRectF& rect, int index) const {
     if (image == nullptr || rect.isEmpty()) {
         return;
     }
-    const QTransform toDevice = painter.deviceTransform();
-    const double scale = toDevice.m11();
-    const QImage& pixels = image->image(scale * rect.width() / image->size().width());
-    const QPoint place = toDevice.map(rect.topLeft()).toPoint();
-    if (scale == 1 || scale == 2) { // the paint engine copies these as they are
-        painter.drawImage(
-            QRectF(toDevice.inverted().map(QPointF(place)), QSizeF(pixels.size()) / scale), pixels,
-            pixels.rect());
-        return;
-    }
-    const QTransform before = painter.worldTransform();
-    painter.setWorldTransform(toDevice.inverted() * before);
-    painter.drawImage(place, pixels);
-    painter.setWorldTransform(before);
+    const double scale = painter.deviceTransform().m11() * rect.width() / image->size().width();
+    drawDevicePixels(painter, rect.topLeft(), image->image(scale));
 }
 
 } // namespace fernhorn

@@ -2,6 +2,7 @@
 
 #include "fernhorn/controls/film_strip.hpp"
 #include "fernhorn/controls/knob_accessible.hpp"
+#include "fernhorn/controls/repaint.hpp"
 #include "fernhorn/controls/value_text.hpp"
 #include "platform/ui/focus_ring.hpp"
 
@@ -58,7 +59,7 @@ void KnobControl::valueDidChange(float value) {
     const int index = param_->imageIndex(value, static_cast<int>(imageCount_));
     if (index != imageIndex_) {
         imageIndex_ = index;
-        update();
+        repaintWithGround(*this);
     }
     input_.valueDidChange();
 }

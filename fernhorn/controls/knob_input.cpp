@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QTimerEvent>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -30,8 +31,9 @@ bool isFine(const QInputEvent& event) {
 }
 
 bool isInScrollArea(const QWidget& view) {
-    for (const QWidget* above = view.parentWidget(); above != nullptr && !above->isWindow();
-         above = above->parentWidget()) {
+    const QWidget* above = &view;
+    while (!above->isWindow() && above->parentWidget() != nullptr) {
+        above = above->parentWidget();
         if (qobject_cast<const QAbstractScrollArea*>(above) != nullptr) {
             return true;
         }
@@ -52,6 +54,10 @@ bool canHoldPointer(QPointF seenAt) {
                name == QLatin1String("cocoa");
     }();
     return hasPointer && (QPointF(QCursor::pos()) - seenAt).manhattanLength() < 3;
+}
+
+void putPointer(core::Point at) {
+    QCursor::setPos(QPointF(at.x, at.y).toPoint());
 }
 
 std::optional<ParameterStep> stepOf(const QKeyEvent& event) {
@@ -164,6 +170,7 @@ bool KnobInput::press(const QMouseEvent& event, KnobClick click) {
     wheel_.close();
     if (view != nullptr) {
         const bool resets = click == KnobClick::resets;
+        view_.setMouseTracking(true); // to notice a release that went elsewhere
         drag_.press(pointOf(event.position()),
                     resets && event.type() == QEvent::MouseButtonDblClick ? 2 : 1,
                     resets && event.modifiers().testFlag(Qt::AltModifier));
@@ -184,7 +191,7 @@ bool KnobInput::move(const QMouseEvent& event) {
     }
     const PointerHold::Move moved = hold_.move(pointOf(event.globalPosition()));
     if (moved.putBack) {
-        QCursor::setPos(QPointF(hold_.home().x, hold_.home().y).toPoint());
+        putPointer(hold_.home());
     }
     const QPointF unheld = QPointF(moved.position.x, moved.position.y) - event.globalPosition();
     const QPointer<QWidget> view(&view_);
@@ -259,15 +266,18 @@ void KnobInput::takePointer(const QMouseEvent& event) {
         view_.setCursor(Qt::BlankCursor);
     }
     if (canHoldPointer(event.globalPosition())) {
-        hold_.begin(pointOf(event.globalPosition()));
+        const QRectF screen = view_.screen()->geometry();
+        hold_.begin(pointOf(event.globalPosition()),
+                    {{screen.x(), screen.y()}, {screen.width(), screen.height()}});
     }
     showReadOut();
 }
 
 void KnobInput::givePointerBack() {
+    view_.setMouseTracking(false);
     if (std::exchange(hasPointer_, false)) {
         if (hold_.isHolding()) {
-            QCursor::setPos(QPointF(hold_.home().x, hold_.home().y).toPoint());
+            putPointer(hold_.beginning());
             hold_.end();
         }
         view_.unsetCursor();

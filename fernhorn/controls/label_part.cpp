@@ -1,6 +1,6 @@
 #include "fernhorn/controls/label_part.hpp"
 
-#include "fernhorn/controls/text_runs.hpp"
+#include "fernhorn/controls/text_pictures.hpp"
 #include "fernhorn/controls/value_field.hpp"
 
 #include <QApplication>
@@ -27,8 +27,8 @@ QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-TextRuns& runs(FernFont font, double size) {
-    return TextRuns::withFont(CustomFontModifier{font, size}.resolved());
+TextPictures& pictures(FernFont font, double size, const QColor& color) {
+    return TextPictures::of(CustomFontModifier{font, size}.resolved(), color);
 }
 
 } // namespace
@@ -44,8 +44,8 @@ LabelPart::LabelPart(QWidget& view, std::shared_ptr<AudioParameter> param,
       color_(color),
       valueColor_(toQColor(options.valueColor)),
       font_(font),
-      captionRuns_(runs(font, options.labelFontSize)),
-      valueRuns_(runs(font, options.valueFontSize)),
+      captions_(pictures(font, options.labelFontSize, color_)),
+      values_(pictures(font, options.valueFontSize, valueColor_)),
       caption_(options.showName ? toQString(editing_->param()->name()).toUpper() : QString()),
       suffix_(options.showSuffix ? toQString(editing_->param()->displayableSuffix()) : QString()) {
     valueDidChange(editing_->param()->value());
@@ -54,7 +54,7 @@ LabelPart::LabelPart(QWidget& view, std::shared_ptr<AudioParameter> param,
 LabelPart::~LabelPart() = default;
 
 double LabelPart::captionHeight() const {
-    return options_.showName ? std::ceil(captionRuns_.lineHeight()) + captionSpacing : 0;
+    return options_.showName ? std::ceil(captions_.lineHeight()) + captionSpacing : 0;
 }
 
 double LabelPart::height() const {
@@ -62,25 +62,25 @@ double LabelPart::height() const {
 }
 
 double LabelPart::valueWidth() const {
-    const double suffix = suffix_.isEmpty() ? 0 : suffixSpacing + valueRuns_.width(suffix_);
-    return valueRuns_.width(text_) + suffix;
+    const double suffix = suffix_.isEmpty() ? 0 : suffixSpacing + values_.width(suffix_);
+    return values_.width(text_) + suffix;
 }
 
 double LabelPart::usualWidth() const {
     const auto& param = *editing_->param();
-    const double suffix = suffix_.isEmpty() ? 0 : suffixSpacing + valueRuns_.width(suffix_);
-    double width = std::max(options_.labelWidth, captionRuns_.width(caption_));
+    const double suffix = suffix_.isEmpty() ? 0 : suffixSpacing + values_.width(suffix_);
+    double width = std::max(options_.labelWidth, captions_.width(caption_));
     for (const float value : {param.valueRange().lower, param.valueRange().upper,
                               param.defaultValue(), param.value()}) {
         const QString text = toQString(editing_->formatter()->format(value));
-        width = std::max(width, valueRuns_.width(text) + suffix);
+        width = std::max(width, values_.width(text) + suffix);
     }
     return std::ceil(width);
 }
 
 QRectF LabelPart::rect() const {
     const double value = editing_->isEditing() ? options_.labelWidth : valueWidth();
-    const double width = std::max(value, captionRuns_.width(caption_));
+    const double width = std::max(value, captions_.width(caption_));
     return {center_.x() - width / 2, center_.y() - height() / 2, width, height()};
 }
 
@@ -106,7 +106,20 @@ void LabelPart::open() {
     if (!editing_->click()) {
         return;
     }
+    if (field_ == nullptr) {
+        makeField();
+    }
+    field_->setText(toQString(editing_->valueString()));
     focusBefore_ = QApplication::focusWidget();
+    placeField();
+    field_->show();
+    field_->selectAll();
+    field_->setFocus(Qt::PopupFocusReason); // borrowed: focus rings come back as they were
+    QApplication::instance()->installEventFilter(this);
+    view_.update();
+}
+
+void LabelPart::makeField() {
     field_ = new ValueField(view_);
     field_->setFont(CustomFontModifier{font_, options_.editingFontSize}.resolved());
     QPalette palette = field_->palette();
@@ -114,7 +127,6 @@ void LabelPart::open() {
     palette.setColor(QPalette::Base, Qt::transparent);
     field_->setPalette(palette);
     field_->setAccessibleName(toQString(editing_->param()->name()));
-    field_->setText(toQString(editing_->valueString()));
     connect(field_, &QLineEdit::textChanged, this,
             [this](const QString& text) { editing_->setValueString(text.toStdString()); });
     connect(field_, &ValueField::submitted, this, [this] {
@@ -133,12 +145,6 @@ void LabelPart::open() {
         }
     });
     connect(field_, &ValueField::left, this, &LabelPart::leave);
-    placeField();
-    field_->show();
-    field_->selectAll();
-    field_->setFocus(Qt::OtherFocusReason);
-    QApplication::instance()->installEventFilter(this);
-    view_.update();
 }
 
 void LabelPart::leave() {
@@ -150,28 +156,21 @@ void LabelPart::leave() {
 
 void LabelPart::closeField() {
     QApplication::instance()->removeEventFilter(this);
-    ValueField* const field = std::exchange(field_, nullptr);
-    if (field == nullptr) {
-        return;
-    }
-    field->disconnect(this);
-    if (field->hasFocus()) {
+    if (field_->hasFocus()) {
         // A hidden widget would hand the keyboard to the next one in the window.
-        if (focusBefore_ != nullptr && focusBefore_ != field) {
-            focusBefore_->setFocus(focusBefore_ == &view_ ? Qt::TabFocusReason
-                                                          : Qt::OtherFocusReason);
+        if (focusBefore_ != nullptr && focusBefore_ != field_) {
+            focusBefore_->setFocus(Qt::PopupFocusReason);
         } else {
-            field->clearFocus();
+            field_->clearFocus();
         }
     }
-    field->hide();
-    field->deleteLater();
-    text_ = toQString(editing_->valueString());
+    field_->hide();
     view_.update();
 }
 
 bool LabelPart::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && field_ != nullptr && object->isWidgetType()) {
+    if (event->type() == QEvent::MouseButtonPress && editing_->isEditing() &&
+        object->isWidgetType()) {
         // Few widgets take the keyboard when they are clicked, so the click itself ends the edit.
         const auto& pressed = static_cast<const QWidget&>(*object);
         const bool isOwn = &pressed == field_ || field_->isAncestorOf(&pressed) ||
@@ -188,7 +187,7 @@ bool LabelPart::eventFilter(QObject* object, QEvent* event) {
 bool LabelPart::valueDidChange(float value) {
     editing_->valueDidChange(value);
     QString text = toQString(editing_->valueString());
-    if (field_ != nullptr) {
+    if (editing_->isEditing() && field_->text() != text) { // else the selection stays
         field_->setText(text);
     }
     if (text == text_) {
@@ -201,25 +200,19 @@ bool LabelPart::valueDidChange(float value) {
 void LabelPart::paint(QPainter& painter) const {
     const QRectF all = rect();
     if (!caption_.isEmpty()) {
-        painter.setFont(captionRuns_.font());
-        painter.setPen(color_);
-        captionRuns_.paint(
-            painter, {std::round(all.center().x() - captionRuns_.width(caption_) / 2), all.top()},
-            caption_);
+        captions_.paint(painter, {all.center().x() - captions_.width(caption_) / 2, all.top()},
+                        caption_);
     }
     if (editing_->isEditing()) {
         return;
     }
-    painter.setFont(valueRuns_.font());
-    painter.setPen(valueColor_);
-    const QPointF middle = valueRect().center();
-    QPointF at(std::round(middle.x() - valueWidth() / 2),
-               std::round(middle.y() - valueRuns_.lineHeight() / 2));
-    valueRuns_.paint(painter, at, text_);
-    if (!suffix_.isEmpty()) {
-        at.rx() += valueRuns_.width(text_) + suffixSpacing;
-        valueRuns_.paint(painter, at, suffix_);
-    }
+    const double width = values_.width(text_);
+    const double suffixWidth = suffix_.isEmpty() ? 0 : suffixSpacing + values_.width(suffix_);
+    QPointF at(center_.x() - (width + suffixWidth) / 2,
+               all.bottom() - (rowHeight + values_.lineHeight()) / 2);
+    values_.paint(painter, at, text_);
+    at.rx() += width + suffixSpacing;
+    values_.paint(painter, at, suffix_);
 }
 
 } // namespace fernhorn

@@ -15,7 +15,7 @@ class QWidget;
 
 namespace fernhorn {
 
-class TextRuns;
+class TextPictures;
 class ValueField;
 
 /// A value's label within a widget: painted as a read-out, a child widget while a value is typed. A
@@ -59,10 +59,10 @@ class LabelPart final : public QObject {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    [[nodiscard]] QString valueText() const;
     [[nodiscard]] double valueWidth() const;
     [[nodiscard]] double captionHeight() const;
     [[nodiscard]] QRectF valueRect() const;
+    void makeField();
     void placeField();
     void leave();
     void closeField();
@@ -73,13 +73,13 @@ class LabelPart final : public QObject {
     const QColor color_;
     const QColor valueColor_;
     const FernFont font_;
-    TextRuns& captionRuns_;
-    TextRuns& valueRuns_;
+    TextPictures& captions_;
+    TextPictures& values_;
     const QString caption_; // empty: none
     const QString suffix_;  // empty: none
-    QString text_;
+    QString text_;          // of the read-out
     QPointF center_;
-    ValueField* field_ = nullptr; // a child of the view
+    ValueField* field_ = nullptr; // a child of the view, made when it is first opened
     QPointer<QWidget> focusBefore_;
 };
 

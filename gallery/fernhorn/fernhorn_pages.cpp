@@ -3,7 +3,7 @@
 namespace gallery {
 
 void addFernhornPages(std::vector<Page>& pages) {
-    for (const auto& make : {pluginButtonsPage}) {
+    for (const auto& make : {pluginWindowPage, pluginStatesPage, pluginButtonsPage}) {
         pages.push_back(make());
     }
 }

@@ -7,6 +7,8 @@ namespace gallery {
 /// The pages of the plug-in kit, each from its own file.
 void addFernhornPages(std::vector<Page>& pages);
 
+Page pluginWindowPage();
+Page pluginStatesPage();
 Page pluginButtonsPage();
 
 } // namespace gallery

@@ -26,6 +26,16 @@ void Button::setLabelWidth(double width) {
     updateGeometry();
 }
 
+void Button::setButtonStyle(std::shared_ptr<const ButtonStyle> style) {
+    if (style == style_) {
+        return;
+    }
+    style_ = std::move(style);
+    setFont(style_->font());
+    updateGeometry();
+    update();
+}
+
 QSize Button::sizeHint() const {
     const double width =
         labelWidth_ > 0 ? labelWidth_ : QFontMetricsF(style_->font()).horizontalAdvance(text());

@@ -42,6 +42,8 @@ class Button final : public QAbstractButton {
     /// Gives the label a width of its own, in points; 0 is that of its text.
     void setLabelWidth(double width);
     [[nodiscard]] const ButtonStyle& buttonStyle() const { return *style_; }
+    /// For styles that say whether the button is on.
+    void setButtonStyle(std::shared_ptr<const ButtonStyle> style);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
