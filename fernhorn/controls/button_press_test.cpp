@@ -128,35 +128,41 @@ TEST_F(ParameterPressTest, TwoClicksInOneBurstOfEventsAreTwo) {
 // Whoever hears of an event may end the press, begin another or take the button away.
 TEST_F(ParameterPressTest, IsClosedWhateverHappensWhileItIsToldOf) {
     using Press = std::unique_ptr<ParameterPress>;
-    const std::function<void(Press&)> interventions[] = {
-        [](Press& press) { press.reset(); },
-        [](Press& press) { press->follow(PressStep::cancelled); },
-        [](Press& press) { press->follow(PressStep::clicked); },
-        [](Press& press) {
-            press->follow(PressStep::cancelled);
-            press->follow(PressStep::began);
-        },
+    const struct {
+        std::function<void(Press&)> intervene;
+        bool beginsAnother = false;
+    } interventions[] = {
+        {[](Press& press) { press.reset(); }},
+        {[](Press& press) { press->follow(PressStep::cancelled); }},
+        {[](Press& press) { press->follow(PressStep::clicked); }},
+        {[](Press& press) {
+             press->follow(PressStep::cancelled);
+             press->follow(PressStep::began);
+         },
+         true},
     };
     for (const PressEdit edit : {PressEdit::select(2), PressEdit::toggle(), PressEdit::hold()}) {
-        for (const auto& intervene : interventions) {
+        for (const auto& [intervene, beginsAnother] : interventions) {
             for (int at = 0; at < 4; ++at) {
                 makeParameter(1);
                 auto press = std::make_unique<ParameterPress>(parameter, edit);
                 int countdown = at;
-                parameter->auParameter()->addParameterAutomationObserver([&](const auto&) {
-                    if (press != nullptr && countdown-- == 0) {
-                        intervene(press);
-                    }
-                });
-                for (const auto step : {PressStep::began, PressStep::clicked}) {
-                    if (press != nullptr) {
-                        press->follow(step);
-                    }
-                }
-                press.reset();
+                parameter->auParameter()->addParameterAutomationObserver(
+                    [&, &act = intervene](const auto&) {
+                        if (press != nullptr && countdown-- == 0) {
+                            act(press);
+                        }
+                    });
                 const auto count = [&](int type) {
                     return std::ranges::count(events, type, &std::pair<int, float>::first);
                 };
+                press->follow(PressStep::began);
+                if (countdown < 0 && !beginsAnother) {
+                    EXPECT_EQ(count(1), count(2)) << at; // at once, not only in the end
+                } else if (press != nullptr) {
+                    press->follow(PressStep::clicked);
+                }
+                press.reset();
                 EXPECT_GE(count(1), 1);
                 EXPECT_EQ(count(1), count(2)) << at;
                 queue.drain();

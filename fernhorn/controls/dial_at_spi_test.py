@@ -2,12 +2,34 @@
 
 Usage: dial_at_spi_test.py SAMPLE.
 """
+import time
+
 import pyatspi
 from pyatspi import STATE_ENABLED, STATE_FOCUSABLE, STATE_SENSITIVE
 
 from at_spi import do, find, hear, run, states, wait
 
 announced = []
+
+
+def drag_beyond_the_screen(dial):
+    """With the pointer itself, which comes back to where it was."""
+    def mouse(kind, x, y):
+        pyatspi.Registry.generateMouseEvent(x, y, kind)
+        time.sleep(0.03)
+
+    value = dial.queryValue()
+    value.currentValue = 100
+    place = dial.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    x, y = place.x + place.width // 2, place.y + 10
+    mouse("abs", x, y)
+    mouse("b1p", x, y)
+    for _ in range(16):
+        mouse("rel", 0, -10)
+    assert y < 150, "the screen ends before the drag does"
+    wait(lambda: abs(value.currentValue - 850) < 5)  # the first 10 points only begin the drag
+    mouse("rel", 0, 1)
+    mouse("b1r", -1, -1)
 
 
 def check(root):
@@ -31,6 +53,8 @@ def check(root):
     do(dial, "Press")  # the field to type into
     field = wait(lambda: pyatspi.findDescendant(dial, lambda n: n.getRole() == pyatspi.ROLE_TEXT))
     assert field.name == "Cutoff", field.name
+
+    drag_beyond_the_screen(dial)
 
     disabled = find(root, "Out of reach")
     assert not {STATE_ENABLED, STATE_SENSITIVE} & states(disabled)

@@ -270,7 +270,8 @@ TEST_F(KnobGestures, StepsAreEdits) {
 TEST(PointerHold, GivesTheWayOfAPointerThatIsPutBack) {
     PointerHold hold;
     EXPECT_EQ(hold.move({3, 4}).position, (core::Point{3, 4})); // nothing is held
-    hold.begin({100, 100});
+    constexpr core::Rect screen{{0, 0}, {1000, 800}};
+    hold.begin({100, 100}, screen);
     EXPECT_FALSE(hold.move({100, 60}).putBack);
     const auto far = hold.move({100, 50});
     EXPECT_TRUE(far.putBack);
@@ -282,6 +283,14 @@ TEST(PointerHold, GivesTheWayOfAPointerThatIsPutBack) {
     // The event of the putting back and the next movement may be one.
     EXPECT_TRUE(hold.move({100, 45}).putBack);
     EXPECT_EQ(hold.move({100, 98}).position, (core::Point{100, -17}));
+    // At an edge the pointer needs another home, and comes back in the end.
+    hold.begin({990, 3}, screen);
+    EXPECT_EQ(hold.home(), (core::Point{904, 96}));
+    EXPECT_EQ(hold.beginning(), (core::Point{990, 3}));
+    EXPECT_TRUE(hold.move({990, 0}).putBack);
+    EXPECT_EQ(hold.move({904, 93}).position, (core::Point{990, -3}));
+    hold.begin({1, 1}, {{0, 0}, {40, 40}});
+    EXPECT_EQ(hold.home(), (core::Point{20, 20}));
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QTimerEvent>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -53,6 +54,10 @@ bool canHoldPointer(QPointF seenAt) {
                name == QLatin1String("cocoa");
     }();
     return hasPointer && (QPointF(QCursor::pos()) - seenAt).manhattanLength() < 3;
+}
+
+void putPointer(core::Point at) {
+    QCursor::setPos(QPointF(at.x, at.y).toPoint());
 }
 
 std::optional<ParameterStep> stepOf(const QKeyEvent& event) {
@@ -186,7 +191,7 @@ bool KnobInput::move(const QMouseEvent& event) {
     }
     const PointerHold::Move moved = hold_.move(pointOf(event.globalPosition()));
     if (moved.putBack) {
-        QCursor::setPos(QPointF(hold_.home().x, hold_.home().y).toPoint());
+        putPointer(hold_.home());
     }
     const QPointF unheld = QPointF(moved.position.x, moved.position.y) - event.globalPosition();
     const QPointer<QWidget> view(&view_);
@@ -261,7 +266,9 @@ void KnobInput::takePointer(const QMouseEvent& event) {
         view_.setCursor(Qt::BlankCursor);
     }
     if (canHoldPointer(event.globalPosition())) {
-        hold_.begin(pointOf(event.globalPosition()));
+        const QRectF screen = view_.screen()->geometry();
+        hold_.begin(pointOf(event.globalPosition()),
+                    {{screen.x(), screen.y()}, {screen.width(), screen.height()}});
     }
     showReadOut();
 }
@@ -270,7 +277,7 @@ void KnobInput::givePointerBack() {
     view_.setMouseTracking(false);
     if (std::exchange(hasPointer_, false)) {
         if (hold_.isHolding()) {
-            QCursor::setPos(QPointF(hold_.home().x, hold_.home().y).toPoint());
+            putPointer(hold_.beginning());
             hold_.end();
         }
         view_.unsetCursor();

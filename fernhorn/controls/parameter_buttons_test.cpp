@@ -22,7 +22,7 @@
 namespace fernhorn {
 namespace {
 
-using platform::testing::runFor;
+using platform::testing::pixelsOf;
 using platform::testing::showActive;
 using testing::ElementsAre;
 using testing::Pair;
@@ -88,19 +88,6 @@ QImage pictureOf(const char* name, QSizeF points) {
     QPainter painter(&picture);
     platform::paintImage(painter, QRectF({}, points), *image(name));
     return picture;
-}
-
-int pixels(const QImage& picture, const QColor& wanted) {
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QColor c = picture.pixelColor(x, y);
-            count += std::abs(c.red() - wanted.red()) + std::abs(c.green() - wanted.green()) +
-                         std::abs(c.blue() - wanted.blue()) <
-                     12;
-        }
-    }
-    return count;
 }
 
 // What is seen.
@@ -174,10 +161,8 @@ TEST_F(ParameterButtons, ShowTheImageOfTheirState) {
                 QTest::mouseRelease(button.get(), Qt::LeftButton, {}, {500, 500});
             }
         }
-        // Disabled: half as strong.
         button->setEnabled(false);
-        const QImage whole = pictureOf(images[1], button->buttonSize());
-        EXPECT_NE(pictureOf(*button), whole);
+        EXPECT_NE(pictureOf(*button), pictureOf(images[1], button->buttonSize()));
         setByHost(0);
     }
 }
@@ -231,10 +216,10 @@ TEST_F(ParameterButtons, HaveTheCaptionAndItsCase) {
         EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name),
                   expected.spoken);
         if (!expected.text.isEmpty()) {
-            EXPECT_GT(pixels(pictureOf(button), expected.atRest), 15)
+            EXPECT_GT(pixelsOf(pictureOf(button), expected.atRest), 15)
                 << expected.text.toStdString();
             QTest::mousePress(&button, Qt::LeftButton);
-            EXPECT_GT(pixels(pictureOf(button), expected.pressed), 15)
+            EXPECT_GT(pixelsOf(pictureOf(button), expected.pressed), 15)
                 << expected.text.toStdString();
             QTest::mouseRelease(&button, Qt::LeftButton);
         }
@@ -415,10 +400,6 @@ TEST_F(ParameterButtons, CallbacksComeForAClickAndKnowTheOptionKey) {
     QTest::mouseRelease(&chaos, Qt::LeftButton, {}, {-1, 5});
     QTest::keyClick(&chaos, Qt::Key_Return);
     EXPECT_EQ(clicks, 2);
-    chaos.setEnabled(false);
-    chaos.performClick();
-    runFor(150);
-    EXPECT_EQ(clicks, 2);
 
     bool isHeld = false;
     std::vector<bool> heard;
@@ -433,13 +414,11 @@ TEST_F(ParameterButtons, CallbacksComeForAClickAndKnowTheOptionKey) {
     QTest::mouseClick(&die, Qt::LeftButton);
     EXPECT_THAT(heard, ElementsAre(true, true, false));
 
-    QPointer<ChaosButton> self;
+    QPointer<ChaosButton> self; // a callback may end its button
     self = &place(new ChaosButton(
         yellow, "Last", [&] { delete self; }, size));
     QTest::mouseClick(self.data(), Qt::LeftButton);
     EXPECT_EQ(self, nullptr);
-    place(new ChaosButton(yellow, "Nothing", {}, size)).performClick();
-    runFor(150);
 }
 
 // Screen readers. What they are told without asking is tested over the accessibility bus.
@@ -521,7 +500,7 @@ TEST_F(ParameterButtons, StylesPaintTheLabelOverTheImageOfTheState) {
                 if (label.isEmpty()) {
                     EXPECT_EQ(pictureOf(button), pictureOf(name, button.size())) << name;
                 } else {
-                    EXPECT_GT(pixels(pictureOf(button), expected.ink), 15) << name;
+                    EXPECT_GT(pixelsOf(pictureOf(button), expected.ink), 15) << name;
                 }
             }
         }

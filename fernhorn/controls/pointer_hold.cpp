@@ -1,5 +1,6 @@
 #include "fernhorn/controls/pointer_hold.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 namespace fernhorn {
@@ -9,10 +10,18 @@ double distance(core::Point a, core::Point b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
+/// Away from the edges of a stretch, in its middle when it is short.
+double awayFromEdges(double at, double from, double length) {
+    const double room = std::min(2 * PointerHold::stray, length / 2);
+    return std::clamp(at, from + room, from + length - room);
+}
+
 } // namespace
 
-void PointerHold::begin(core::Point at) {
-    home_ = at;
+void PointerHold::begin(core::Point at, const core::Rect& screen) {
+    home_ = {awayFromEdges(at.x, screen.origin.x, screen.size.width),
+             awayFromEdges(at.y, screen.origin.y, screen.size.height)};
+    beginning_ = at;
     last_ = at;
     position_ = at;
     isGoingHome_ = false;

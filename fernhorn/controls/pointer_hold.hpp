@@ -10,7 +10,8 @@ namespace fernhorn {
 /// edge of the screen is near, and tells when to put it back. It knows points, not pointers.
 class PointerHold {
   public:
-    /// How far the pointer may stray before it is put back, in points.
+    /// How far the pointer may stray before it is put back, in points. The place that it is put
+    /// back to is at least twice as far from the screen's edges, which would stop it.
     static constexpr double stray = 48;
 
     struct Move {
@@ -18,17 +19,20 @@ class PointerHold {
         bool putBack;         ///< to `home()`, now
     };
 
-    /// The hold begins with the pointer at this place, in which all others are measured.
-    void begin(core::Point at);
+    /// The hold begins with the pointer at this place of a screen.
+    void begin(core::Point at, const core::Rect& screen);
     void end() { home_.reset(); }
     [[nodiscard]] bool isHolding() const { return home_.has_value(); }
     [[nodiscard]] core::Point home() const { return home_.value_or(core::Point{}); }
+    /// Where the pointer belongs after the hold.
+    [[nodiscard]] core::Point beginning() const { return beginning_; }
 
     /// The pointer has moved, by hand or because it was put back.
     Move move(core::Point at);
 
   private:
     std::optional<core::Point> home_;
+    core::Point beginning_;
     core::Point last_;     // where the pointer was seen
     core::Point position_; // where it would be
     bool isGoingHome_ = false;

@@ -21,6 +21,7 @@
 namespace fernhorn {
 namespace {
 
+using platform::testing::pixelsOf;
 using platform::testing::showActive;
 using testing::ElementsAre;
 using testing::Pair;
@@ -72,19 +73,6 @@ class PluginHeader : public testing::Test {
     platform::Button& update() const { return *header->findChild<platform::Button*>(); }
     QLabel& version() const { return *header->findChild<QLabel*>(); }
 };
-
-int pixels(const QImage& picture, const QColor& wanted) {
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QColor c = picture.pixelColor(x, y);
-            count += std::abs(c.red() - wanted.red()) + std::abs(c.green() - wanted.green()) +
-                         std::abs(c.blue() - wanted.blue()) <
-                     12;
-        }
-    }
-    return count;
-}
 
 TEST_F(PluginHeader, LaysItsPartsOutInARow) {
     for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
@@ -144,8 +132,8 @@ TEST_F(PluginHeader, AClickOnATabIsASingleEdit) {
         queue.drain();
         for (std::size_t i = 0; i < expected.size(); ++i) {
             const QImage picture = tabs()[i]->grab().toImage();
-            EXPECT_EQ(pixels(picture, kitColor("tabSelected")) > 5, expected[i]) << value << i;
-            EXPECT_EQ(pixels(picture, kitColor("tabUnselected")) > 5, !expected[i]) << value << i;
+            EXPECT_EQ(pixelsOf(picture, kitColor("tabSelected")) > 5, expected[i]) << value << i;
+            EXPECT_EQ(pixelsOf(picture, kitColor("tabUnselected")) > 5, !expected[i]) << value << i;
             const auto state = QAccessible::queryAccessibleInterface(tabs()[i])->state();
             EXPECT_TRUE(state.selectable);
             EXPECT_EQ(state.selected, expected[i]);
@@ -174,18 +162,11 @@ TEST_F(PluginHeader, AClickOnATabIsASingleEdit) {
     EXPECT_EQ(list->child(0)->role(), QAccessible::PageTab);
 }
 
-TEST_F(PluginHeader, WithoutValueStringsThereAreNoTabs) {
-    make(TestParameter{}.on(queue));
-    EXPECT_EQ(header->findChild<HeaderTabs*>(), nullptr);
-    EXPECT_EQ(place(*header->findChild<LogoButton*>()).left(), 8);
-    EXPECT_TRUE(version().isVisible());
-}
-
 TEST_F(PluginHeader, ShowsTheVersionOrTheUpdate) {
     make(pages);
     EXPECT_EQ(version().text(), "1.1.0");
     EXPECT_EQ(version().font(), (CustomFontModifier{FernFont::rocket, 13}.resolved()));
-    EXPECT_GT(pixels(version().grab().toImage().scaled(200, 60), kitColor("versionInfo")), 5);
+    EXPECT_GT(pixelsOf(version().grab().toImage().scaled(200, 60), kitColor("versionInfo")), 5);
     EXPECT_FALSE(update().isVisible());
     header->setUpdateDetails(UpdateAvailableDetails{"1.2.0b"});
     EXPECT_FALSE(version().isVisible());
@@ -193,7 +174,10 @@ TEST_F(PluginHeader, ShowsTheVersionOrTheUpdate) {
     EXPECT_EQ(update().text(), "1.2.0B AVAILABLE");
     header->setUpdateDetails({});
     EXPECT_TRUE(version().isVisible());
-    make(pages, UpdateAvailableDetails{"2"});
+    make(TestParameter{}.on(queue),
+         UpdateAvailableDetails{"2"}); // without tabs the rest is as ever
+    EXPECT_EQ(header->findChild<HeaderTabs*>(), nullptr);
+    EXPECT_EQ(place(*header->findChild<LogoButton*>()).left(), 8);
     EXPECT_FALSE(version().isVisible());
     EXPECT_EQ(update().text(), "2 AVAILABLE");
 }
@@ -246,7 +230,7 @@ TEST_F(PluginHeader, TheUpdateStyleIsAPlateAroundItsLabel) {
     EXPECT_EQ(colorAt(false, {4, 0}), plate);
     EXPECT_NEAR(colorAt(true, {3, 8}).green(), plate.green() * 0.8, 1);
     button.resize(button.width() * 3, button.height());
-    EXPECT_GT(pixels(button.grab().toImage(), kitColor("background")), 20);
+    EXPECT_GT(pixelsOf(button.grab().toImage(), kitColor("background")), 20);
 }
 
 } // namespace
