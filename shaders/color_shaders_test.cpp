@@ -99,8 +99,7 @@ class PictureRenderer final : public UniformRenderer<PictureUniforms> {
   public:
     PictureRenderer(platform::GpuView& view, const QImage& image)
         : UniformRenderer(view,
-                          {.vertexFunctionName = QStringLiteral("pictureVertex"),
-                           .fragmentFunctionName = QStringLiteral("picture"),
+                          {.fragmentFunctionName = QStringLiteral("picture"),
                            .textures = {image},
                            .bundle = &testing::testBundle()},
                           core::Clock::system()) {}
