@@ -16,11 +16,12 @@ function(larkvox_compile_shaders)
       set(name "${entry}")
       set(file "${entry}")
     endif()
+    cmake_path(ABSOLUTE_PATH file BASE_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}")
     set(output "${CMAKE_CURRENT_BINARY_DIR}/Shaders/${name}.qsb")
     add_custom_command(OUTPUT "${output}"
       COMMAND ${CMAKE_COMMAND} -E make_directory "${CMAKE_CURRENT_BINARY_DIR}/Shaders"
       COMMAND ${QSB_PROGRAM} --glsl "300 es,130,330" --hlsl 50 --msl 12 -o "${output}"
-              "${CMAKE_CURRENT_SOURCE_DIR}/${file}"
+              "${file}"
       DEPENDS "${file}" ${ARG_INCLUDES}
       COMMENT "Compiling shader ${name}"
       VERBATIM)

@@ -36,18 +36,17 @@ std::array<QImage, 2> loadTextures(const platform::GpuView& view, const platform
 
 AboutRenderer::AboutRenderer(platform::GpuView& view, const core::Clock& clock,
                              const platform::Bundle* bundle)
-    : AboutRenderer(view, clock, bundle, loadTextures(view, bundle)) {}
+    : AboutRenderer(view, clock, loadTextures(view, bundle)) {}
 
 AboutRenderer::AboutRenderer(platform::GpuView& view, const core::Clock& clock,
-                             const platform::Bundle* bundle, const std::array<QImage, 2>& textures)
+                             const std::array<QImage, 2>& textures)
     : UniformRenderer(view,
                       {.pipelineLabel = "About View Pipeline",
                        .commandBufferLabel = "About View Command Buffer",
                        .renderEncoderLabel = "About View Render Encoder",
                        .vertexFunctionName = QStringLiteral("aboutVertexShader"),
                        .fragmentFunctionName = QStringLiteral("aboutFragmentShader"),
-                       .textures = {textures[0], textures[1]},
-                       .bundle = bundle},
+                       .textures = {textures[0], textures[1]}},
                       clock),
       logoTexture_(textures[0]),
       noiseTexture_(textures[1]) {}

@@ -15,8 +15,8 @@ struct AboutUniforms {
 /// "tern-logo" and "tern-noise" at the window's scale, or at 1.0 when the view is in no window yet.
 class AboutRenderer final : public UniformRenderer<AboutUniforms> {
   public:
-    /// Functions and images are looked up in `bundle`, null for this library's own. Throws as
-    /// `QuadRenderer` does, and `platform::GpuError` when an image is missing.
+    /// The images are those of `bundle`, null for this library's own. Throws as `QuadRenderer`
+    /// does, and `platform::GpuError` when an image is missing.
     explicit AboutRenderer(platform::GpuView& view,
                            const core::Clock& clock = core::Clock::system(),
                            const platform::Bundle* bundle = nullptr);
@@ -27,7 +27,7 @@ class AboutRenderer final : public UniformRenderer<AboutUniforms> {
     [[nodiscard]] Uniforms uniforms() const override { return {viewSize(), time(), 0}; }
 
   private:
-    AboutRenderer(platform::GpuView& view, const core::Clock& clock, const platform::Bundle* bundle,
+    AboutRenderer(platform::GpuView& view, const core::Clock& clock,
                   const std::array<QImage, 2>& textures);
 
     QImage logoTexture_;

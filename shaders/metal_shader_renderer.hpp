@@ -16,7 +16,7 @@ std::uint32_t systemRandom();
 struct MetalShaderUniforms {
     QuadRenderer::ViewSize resolution; ///< pixels
     std::uint32_t seed;
-    float time; ///< seconds
+    float time; ///< seconds, folded after 4096
 };
 
 /// The general renderer: any fragment function that needs nothing but the drawable's resolution, a

@@ -15,6 +15,15 @@ double secondsBetween(core::Instant from, core::Instant to) {
     return std::abs((to - from).count());
 }
 
+std::optional<platform::ShaderFunction> findFunction(const QString& name,
+                                                     const platform::Bundle* first) {
+    std::optional<platform::ShaderFunction> function;
+    if (first != nullptr) {
+        function = platform::ShaderLibrary(*first).function(name);
+    }
+    return function ? function : platform::ShaderLibrary(resourceBundle()).function(name);
+}
+
 } // namespace
 
 QuadRenderer::QuadRenderer(platform::GpuView& view, RendererDescription description,
@@ -27,13 +36,12 @@ QuadRenderer::QuadRenderer(platform::GpuView& view, RendererDescription descript
     if (device_ == nullptr) {
         throw RendererError(RendererError::Case::noValidDevice);
     }
-    const platform::ShaderLibrary library(description.bundle != nullptr ? *description.bundle
-                                                                        : resourceBundle());
     pipelineState_ = std::make_unique<platform::QuadPipeline>(
-        view, platform::QuadPipelineDescriptor{std::move(description.pipelineLabel),
-                                               library.function(description.vertexFunctionName),
-                                               library.function(description.fragmentFunctionName),
-                                               uniformSize, std::move(description.textures)});
+        view, platform::QuadPipelineDescriptor{
+                  std::move(description.pipelineLabel),
+                  findFunction(description.vertexFunctionName, description.bundle),
+                  findFunction(description.fragmentFunctionName, description.bundle), uniformSize,
+                  std::move(description.textures)});
     drawableSizeWillChange(view, view.drawableSize());
     startTime_ = clock_.now();
 }

@@ -24,13 +24,13 @@ struct RendererDescription {
     QByteArray pipelineLabel = "Shader Pipeline";
     QByteArray commandBufferLabel = {};
     QByteArray renderEncoderLabel = {};
-    QString vertexFunctionName;
+    QString vertexFunctionName = QStringLiteral("quadVertexShader");
     QString fragmentFunctionName;
     std::vector<QImage> textures = {};
     /// Seconds after which the fragment function's motion repeats, 0 if it never does. The time is
     /// folded there before it becomes a float, which after weeks could not tell two frames apart.
     double period = 4096;
-    /// Where the functions are; null for this library's own bundle. Only read at creation.
+    /// Where the functions are looked up before this library's own bundle. Only read at creation.
     const platform::Bundle* bundle = nullptr;
 };
 
@@ -69,8 +69,8 @@ class QuadRenderer : public platform::GpuViewDelegate {
 
   protected:
     /// `uniformSize` is the size in bytes of the fragment function's std140 block. Throws
-    /// `RendererError` when the view has no device, and `platform::GpuError` when the bundle does
-    /// not give the functions or the device refuses the pipeline.
+    /// `RendererError` when the view has no device, and `platform::GpuError` when the bundles
+    /// do not give the functions or the device refuses the pipeline.
     QuadRenderer(platform::GpuView& view, RendererDescription description, std::size_t uniformSize,
                  const core::Clock& clock);
 

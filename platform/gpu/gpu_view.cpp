@@ -137,7 +137,7 @@ void GpuView::setShader(std::optional<Shader> shader) {
     if (shader_ != shader) {
         shader_ = std::move(shader);
         if (objects_ != nullptr) {
-            objects_->setShader(shader_ ? &*shader_ : nullptr);
+            objects_->setShader(shader_);
         }
         setNeedsDisplay();
     }
@@ -192,6 +192,7 @@ bool GpuView::ensureObjects(QRhi* rhi) {
     }
     if (objects_ == nullptr) {
         objects_ = std::make_unique<Objects>(rhi);
+        objects_->setShader(shader_);
         // The device may go away under us, with its window.
         rhi->addCleanupCallback([view = QPointer(this)](QRhi* gone) {
             if (view != nullptr && view->objects_ != nullptr && view->objects_->rhi() == gone) {
@@ -200,12 +201,7 @@ bool GpuView::ensureObjects(QRhi* rhi) {
         });
     }
     needsFrame_ = true;
-    const bool isNew = objects_->renderPass() == nullptr;
-    const bool isMade = objects_->resize(drawableSize());
-    if (isNew && isMade && shader_) {
-        objects_->setShader(&*shader_);
-    }
-    return isMade;
+    return objects_->resize(drawableSize());
 }
 
 void GpuView::releaseObjects() {

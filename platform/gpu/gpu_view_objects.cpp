@@ -121,28 +121,29 @@ bool GpuView::Objects::resize(QSize size) {
         }
     }
     size_ = size;
-    if (shading_ != nullptr && !prepareShading()) {
+    if (shader_ && !prepareShading()) {
         shading_.reset();
     }
     return true;
 }
 
-void GpuView::Objects::setShader(const Shader* shader) {
+void GpuView::Objects::setShader(const std::optional<Shader>& shader) {
+    shader_ = shader;
     isShaderChanged_ = true;
-    if (shader != nullptr && shading_ != nullptr && shading_->update(*shader)) {
+    if (shader_ && shading_ != nullptr && shading_->update(*shader_)) {
         return;
     }
     shading_.reset();
     isWritten_ = false; // who converts the colours has changed
-    if (shader != nullptr && isMade_) {
-        shading_ = std::make_unique<ShaderPass>(*rhi_, *shader, encodeVertexFunction());
-        if (!prepareShading()) {
-            shading_.reset();
-        }
+    if (shader_ && !size_.isEmpty() && !prepareShading()) {
+        shading_.reset();
     }
 }
 
 bool GpuView::Objects::prepareShading() {
+    if (shading_ == nullptr) {
+        shading_ = std::make_unique<ShaderPass>(*rhi_, *shader_, encodeVertexFunction());
+    }
     if (!shading_->prepare(*drawable_, *sampler_)) {
         return false;
     }

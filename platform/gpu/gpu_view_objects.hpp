@@ -10,6 +10,7 @@
 #include <QImage>
 
 #include <memory>
+#include <optional>
 
 namespace platform {
 
@@ -39,8 +40,8 @@ struct GpuView::Objects {
     /// none, and nothing may be drawn until it succeeds.
     bool resize(QSize size);
 
-    /// Applies a shader from the next frame on, null none.
-    void setShader(const Shader* shader);
+    /// Applies a shader from the next frame on.
+    void setShader(const std::optional<Shader>& shader);
 
     void beginFrame(QRhiCommandBuffer* commands);
     GpuRenderPass* beginPass(const QByteArray& label, const QByteArray& passLabel);
@@ -77,6 +78,7 @@ struct GpuView::Objects {
     std::unique_ptr<QRhiBuffer> uniforms_;
     std::unique_ptr<QRhiSampler> sampler_;
     std::unique_ptr<QRhiShaderResourceBindings> bindings_;
+    std::optional<Shader> shader_;
     std::unique_ptr<ShaderPass> shading_; // null without a shader, or where it cannot be applied
     std::unique_ptr<QRhiShaderResourceBindings> shadedBindings_;
     std::unique_ptr<QRhiGraphicsPipeline> pipeline_;

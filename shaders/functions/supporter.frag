@@ -119,7 +119,7 @@ void main()
     }
     float across = sum.y / (sum.x + 1e-4);
     float hue = 0.05 + 0.75 * open + 0.35 * energy + 0.30 * across + 0.12 * wave(0.5 * x - 131.0 * t);
-    vec3 picture = tint(hue) * sum.x * (0.30 + 0.75 * open + 1.6 * energy + 0.9 * held);
+    vec3 picture = tint(hue) * sum.x * (0.32 + 1.05 * open + 1.6 * energy + 0.9 * held);
 
     // The band's own light, the lamps that ride on it, and the warmth of a fresh one.
     float body = 4.0 + abs(spread);
