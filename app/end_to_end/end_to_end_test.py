@@ -17,6 +17,7 @@ from pathlib import Path
 import pyatspi
 from gi.repository import GLib
 
+START = time.monotonic()
 ARGUMENTS = ["--first", "two words"]
 
 
@@ -193,7 +194,8 @@ class Trial:
             archive.extractall(self.root.parent)
         environment = dict(os.environ, HOME=str(home), XDG_CONFIG_HOME=str(home / ".config"),
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
-                           LANG="C.UTF-8", LANGUAGE="en", XDG_RUNTIME_DIR=str(place / "runtime"))
+                           LANG="C.UTF-8", LANGUAGE="en", XDG_RUNTIME_DIR=str(place / "runtime"),
+                           QT_XCB_GL_INTEGRATION="none")  # the waveform is not what is looked at
         (place / "runtime").mkdir(mode=0o700)
         self.program = Program(self.root, environment)
 
@@ -230,7 +232,7 @@ class Trial:
         self.program.close(title, words)
         # The helper may still be removing what it had unpacked.
         wait(lambda: tree(self.root) == before, why=f"{what}: the installation as it was")
-        print("refused:", what, flush=True)
+        print(f"{time.monotonic() - START:.0f} s: refused:", what, flush=True)
 
     def refusals(self):
         genuine = self.archives["1.1.0"]
@@ -287,13 +289,14 @@ class Trial:
         assert [word.decode() for word in words] == ARGUMENTS, words
         wait(lambda: self.program.find("1.1.0 (1)"), why="the version on the window")
         assert os.readlink(self.root / "current") == "versions/1.1.0"
-        print("updated to 1.1.0", flush=True)
+        print(f"{time.monotonic() - START:.0f} s: updated to 1.1.0", flush=True)
         self.program.check()
         self.program.close("You’re up to date", "Larkvox 1.1.0 is the newest version.")
 
     def run(self):
         try:
             self.publish(self.archives["1.0.0"])
+            print(f"{time.monotonic() - START:.0f} s: packaged", flush=True)
             self.program.start()
             self.program.check()
             self.program.close("You’re up to date", "Larkvox 1.0.0 is the newest version.")
