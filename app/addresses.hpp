@@ -2,6 +2,8 @@
 
 namespace larkvox::addresses {
 
+/// The product's appcast on the maker's update server.
+inline constexpr const char* updateFeed = "https://updates.fennick.example/larkvox/appcast.xml";
 /// The maker's website.
 inline constexpr const char* website = "https://www.fennick.example/";
 /// The welcome help page: a file of the application's bundle, so that it can be read offline. %1 is

@@ -2,16 +2,19 @@
 
 #include "app/addresses.hpp"
 
+#include <QDate>
+
 namespace larkvox {
 
 platform::UpdateIdentity updateIdentity() {
     platform::UpdateIdentity identity;
     identity.product = QStringLiteral("Larkvox");
-    identity.feed = QUrl(QStringLiteral(LARKVOX_UPDATE_FEED));
+    identity.feed = QUrl(QString::fromLatin1(addresses::updateFeed));
     identity.website = QUrl(QString::fromLatin1(addresses::website));
     identity.publicKey = LARKVOX_UPDATE_PUBLIC_KEY;
-    identity.trustAnchors = QByteArrayLiteral(LARKVOX_UPDATE_TRUST_ANCHORS);
-    identity.builtAt = std::chrono::sys_seconds(std::chrono::seconds(LARKVOX_BUILT_AT));
+    const QDate released = QDate::fromString(QStringLiteral(LARKVOX_RELEASE_DATE), Qt::ISODate);
+    identity.builtAt = std::chrono::sys_seconds(
+        std::chrono::seconds(released.startOfDay(Qt::UTC).toSecsSinceEpoch()));
     return identity;
 }
 

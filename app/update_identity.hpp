@@ -4,8 +4,7 @@
 
 namespace larkvox {
 
-/// Whose updates the product takes, and from where: everything that is compiled in for that is in
-/// this file's source.
+/// Whose updates the program takes, and from where. Compiled in.
 [[nodiscard]] platform::UpdateIdentity updateIdentity();
 
 } // namespace larkvox

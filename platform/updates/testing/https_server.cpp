@@ -45,7 +45,7 @@ QSslConfiguration CertificateFolder::issue(const QString& name, const QString& f
     process.start(QStringLiteral(MAKE_CERTIFICATE),
                   {folder_.path(), name, QStringLiteral("127.0.0.1"), first, last});
     EXPECT_TRUE(process.waitForFinished(60'000));
-    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << contentOf(folder_.filePath(QStringLiteral("log"))).data();
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     configuration.setLocalCertificate(
         QSslCertificate(contentOf(folder_.filePath(name + QStringLiteral(".pem")))));

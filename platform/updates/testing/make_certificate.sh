@@ -2,11 +2,17 @@
 # make_certificate.sh FOLDER NAME ADDRESS [FIRST LAST]
 # Makes FOLDER/NAME.pem and FOLDER/NAME.key, a server's certificate for an IP address of this machine
 # and for "localhost", signed by FOLDER/authority.pem, which is made when it is not there. FIRST and
-# LAST (YYYYMMDDHHMMSSZ) are when it begins and ends to be valid. For tests: nobody trusts these.
+# LAST (YYYYMMDDHHMMSSZ) are when it begins and ends to be valid. What OpenSSL says of it is in
+# FOLDER/log. For tests: nobody trusts these.
 set -eu
 folder=$1 name=$2 address=$3 first=${4:-} last=${5:-}
 mkdir -p "$folder"
 cd "$folder"
+if ! command -v openssl >/dev/null; then
+  echo "make_certificate.sh: there is no openssl (Debian: package openssl)" >&2
+  exit 1
+fi
+exec >log 2>&1
 
 key() { openssl genpkey -algorithm EC -pkeyopt ec_paramgen_curve:P-256 -out "$1"; }
 
