@@ -7,6 +7,9 @@
 
 namespace fernhorn {
 
+/// How much finer everything moves while Shift is held.
+inline constexpr float fineShare = 0.1F;
+
 /// A parameter being moved over its travel: the touch that is open and the value before it is
 /// rounded. It may be destroyed by whoever hears of what it does. Main thread.
 class ContinuousEdit {

@@ -42,7 +42,7 @@ void KnobDrag::move(core::Point at, bool isFine) {
     }
     const float way =
         static_cast<float>(*std::exchange(lastDragValue_, at.y) - at.y) * feel_.knobDragScaleFactor;
-    edit_.moveBy(isFine ? way * fineness : way);
+    edit_.moveBy(isFine ? way * fineShare : way);
 }
 
 void KnobDrag::release(core::Point at) {

@@ -18,9 +18,6 @@ struct KnobFeel {
 /// It may be destroyed by whoever hears of what it does. Main thread.
 class KnobDrag {
   public:
-    /// How much finer a drag is while Shift is held.
-    static constexpr float fineness = 0.1F;
-
     KnobDrag(std::shared_ptr<AudioParameter> parameter, KnobFeel feel);
 
     /// The button goes down; `clickCount` is 2 for the second press of a double click. Another

@@ -126,9 +126,12 @@ bool KnobInput::handle(QEvent& event, KnobClick click) {
         return false;
     case QEvent::Timer:
         if (static_cast<QTimerEvent&>(event).timerId() == burst_.timerId()) {
+            const QPointer<QWidget> view(&view_);
             burst_.stop();
             wheel_.closeWhenDue(core::Clock::system().now());
-            followBurst();
+            if (view != nullptr) {
+                followBurst();
+            }
             return true;
         }
         return false;
@@ -166,11 +169,10 @@ bool KnobInput::press(const QMouseEvent& event, KnobClick click) {
         return drag_.isPressed(); // another button, in the midst of a press
     }
     const QPointer<QWidget> view(&view_);
-    burst_.stop();
-    wheel_.close();
+    cancel(); // the wheel's burst, or a press whose release went elsewhere
     if (view != nullptr) {
         const bool resets = click == KnobClick::resets;
-        view_.setMouseTracking(true); // to notice a release that went elsewhere
+        view_.setMouseTracking(true); // to notice when the release goes elsewhere
         drag_.press(pointOf(event.position()),
                     resets && event.type() == QEvent::MouseButtonDblClick ? 2 : 1,
                     resets && event.modifiers().testFlag(Qt::AltModifier));
@@ -185,7 +187,7 @@ bool KnobInput::move(const QMouseEvent& event) {
     if (!drag_.isPressed()) {
         return false;
     }
-    if (!event.buttons().testFlag(Qt::LeftButton)) { // the release went elsewhere
+    if (!event.buttons().testFlag(Qt::LeftButton)) {
         cancel();
         return true;
     }
@@ -263,6 +265,8 @@ void KnobInput::followBurst() {
 void KnobInput::takePointer(const QMouseEvent& event) {
     hasPointer_ = true;
     if (canHidePointer()) {
+        cursorBefore_ =
+            view_.testAttribute(Qt::WA_SetCursor) ? std::optional(view_.cursor()) : std::nullopt;
         view_.setCursor(Qt::BlankCursor);
     }
     if (canHoldPointer(event.globalPosition())) {
@@ -280,7 +284,11 @@ void KnobInput::givePointerBack() {
             putPointer(hold_.beginning());
             hold_.end();
         }
-        view_.unsetCursor();
+        if (cursorBefore_) {
+            view_.setCursor(*cursorBefore_);
+        } else {
+            view_.unsetCursor();
+        }
         QToolTip::hideText();
     }
 }

@@ -5,9 +5,12 @@
 #include "fernhorn/controls/pointer_hold.hpp"
 
 #include <QBasicTimer>
+#include <QCursor>
 #include <QString>
 
 #include <functional>
+#include <memory>
+#include <optional>
 
 class QEvent;
 class QKeyEvent;
@@ -60,6 +63,7 @@ class KnobInput {
     PointerHold hold_;
     QBasicTimer burst_;
     bool hasPointer_ = false;
+    std::optional<QCursor> cursorBefore_; // absent: the parent's
 };
 
 } // namespace fernhorn

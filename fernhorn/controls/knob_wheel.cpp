@@ -35,7 +35,7 @@ bool KnobWheel::turn(core::Instant now, float notches, bool isFine, bool isInScr
     if (notches != 0) {
         const float travel = notches * stepTravel(*edit_.parameter());
         if (edit_.begin()) { // may destroy this
-            edit_.moveBy(isFine ? travel * fineStep : travel);
+            edit_.moveBy(isFine ? travel * fineShare : travel);
         }
     }
     return true;

@@ -32,7 +32,7 @@ void stepParameter(const std::shared_ptr<AudioParameter>& parameter, ParameterSt
                    bool isFine) {
     const float one = stepTravel(*parameter);
     const float whole = std::max(page, one);
-    const float share = isFine && !parameter->isIndexed() ? fineStep : 1;
+    const float share = isFine && !parameter->isIndexed() ? fineShare : 1;
     const ValueRange range = parameter->valueRange();
     ContinuousEdit edit(parameter);
     if (!edit.begin()) {

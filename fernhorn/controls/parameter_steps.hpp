@@ -9,9 +9,6 @@ class AudioParameter;
 /// What a key, or a screen reader, may ask of a knob.
 enum class ParameterStep { up, down, pageUp, pageDown, toLowest, toHighest, toDefault };
 
-/// How much finer than a step a fine one is.
-inline constexpr float fineStep = 0.1F;
-
 /// The share of the travel that one step, or one notch of a wheel, is: a fiftieth, or from one
 /// value to the next of an indexed parameter.
 [[nodiscard]] float stepTravel(const AudioParameter& parameter);
