@@ -1,7 +1,8 @@
 // gallery                     shows the pages
 // gallery --list              prints their names
-// gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale.
-//                             What the GPU draws is in it only where there is a screen.
+// gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale
+// The GPU's part is in a picture only where there is a screen. With --vulkan in front it draws
+// through Vulkan and nothing else.
 
 #include "app/larkvox_app.hpp"
 #include "driftwood/bridges/bundle_asset_source.hpp"
@@ -58,7 +59,10 @@ int main(int argc, char** argv) {
     driftwood::installKitAssets();
     const platform::MainQueueDriver driver;
 
-    const QStringList arguments = QApplication::arguments();
+    QStringList arguments = QApplication::arguments();
+    if (arguments.removeAll(QStringLiteral("--vulkan")) > 0) {
+        platform::GpuDevice::setSystemApi(platform::GpuApi::vulkan);
+    }
     if (arguments.value(1) == QStringLiteral("--list")) {
         for (const gallery::Page& page : gallery::pages()) {
             std::printf("%s\n", qPrintable(page.identifier));
@@ -70,7 +74,7 @@ int main(int argc, char** argv) {
         return shoot(window, arguments[2], arguments[3]);
     }
     if (arguments.size() > 1) {
-        return fail("usage: gallery [--list | --shot PAGE FILE]");
+        return fail("usage: gallery [--vulkan] [--list | --shot PAGE FILE]");
     }
     window.QWidget::show();
     return QApplication::exec();

@@ -63,6 +63,7 @@ Cost costOf(platform::GpuView& view, kestrel::QuadRenderer& renderer) {
             std::exit(1);
         }
     }
+    const long framesBefore = view.frameCount();
     const long allocationsBefore = allocations;
     const double before = processorMicroseconds();
     for (int i = 0; i < frames; ++i) {
@@ -70,6 +71,10 @@ Cost costOf(platform::GpuView& view, kestrel::QuadRenderer& renderer) {
     }
     const double after = processorMicroseconds();
     const long counted = allocations - allocationsBefore;
+    if (view.frameCount() - framesBefore != frames) {
+        std::fprintf(stderr, "frames were skipped\n");
+        std::exit(1);
+    }
     view.setDelegate(nullptr);
     return {(after - before) / frames, static_cast<double>(counted) / frames};
 }
