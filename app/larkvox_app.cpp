@@ -15,15 +15,17 @@
 #include <QMenu>
 #include <QTranslator>
 
+#include <utility>
+
 namespace larkvox {
 
 using platform::SPUStandardUpdaterController;
 
-LarkvoxApp::LarkvoxApp()
+LarkvoxApp::LarkvoxApp(platform::UpdaterConfiguration updates)
     : appDelegate_(std::make_unique<AppDelegate>()),
       sparkleHelper_(std::make_unique<SparkleHelper>()) {
     sparkleHelper_->updaterController = std::make_unique<SPUStandardUpdaterController>(
-        SPUStandardUpdaterController::Starting::later, sparkleHelper_.get());
+        SPUStandardUpdaterController::Starting::later, sparkleHelper_.get(), std::move(updates));
     sparkleHelper_->updaterController->startUpdater();
     appDelegate_->sparkleHelper = sparkleHelper_.get();
 }

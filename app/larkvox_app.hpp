@@ -23,7 +23,8 @@ class LarkvoxApp final : public QObject {
     Q_OBJECT
 
   public:
-    LarkvoxApp();
+    /// Without a configuration the updater remembers nothing, and does nothing by itself.
+    explicit LarkvoxApp(platform::UpdaterConfiguration updates = {});
     ~LarkvoxApp() override;
 
     /// Makes the window, which is not shown yet.

@@ -1,11 +1,11 @@
 #include "app/sparkle_helper.hpp"
 
-#include "app/addresses.hpp"
+#include "app/update_identity.hpp"
 
 namespace larkvox {
 
 QString SparkleHelper::feedURLString(const platform::SPUStandardUpdaterController&) const {
-    return QString::fromLatin1(addresses::updateFeed);
+    return updateIdentity().feed.toString();
 }
 
 } // namespace larkvox

@@ -1,4 +1,3 @@
-#include "app/addresses.hpp"
 #include "app/content_view.hpp"
 #include "app/larkvox_app.hpp"
 #include "platform/assets/bundle.hpp"
@@ -83,7 +82,8 @@ TEST(Application, StartsTheUpdaterAndSharesItsHelper) {
     ASSERT_NE(updater, nullptr);
     EXPECT_TRUE(updater->isStarted());
     EXPECT_EQ(app.appDelegate().sparkleHelper, &app.sparkleHelper());
-    EXPECT_EQ(app.sparkleHelper().feedURLString(*updater), addresses::updateFeed);
+    EXPECT_EQ(app.sparkleHelper().feedURLString(*updater),
+              "https://updates.fennick.example/larkvox/appcast.xml");
 }
 
 TEST(Application, TurnsDarkWhenItHasStartedAndForNobodyElse) {

@@ -163,7 +163,7 @@ larkvox-appcast add ARCHIVE --feed FEED --key KEYFILE --url ADDRESS
     --short-version TEXT     what people call the version
     --notes FILE             release notes: a piece of HTML
     --notes-link ADDRESS     release notes on a site
-    --minimum-system VERSION the oldest system it works on
+    --minimum-system VERSION the oldest kernel it works on
     --channel NAME           only for those who chose the channel
     --rollout-hours N        each of the seven groups gets it N hours later
     --critical               important for everybody

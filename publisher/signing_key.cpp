@@ -1,14 +1,18 @@
 #include "publisher/signing_key.hpp"
 
+#include "platform/system/descriptor.hpp"
 #include "platform/updates/feed/signature.hpp"
 #include "publisher/failure.hpp"
 #include "publisher/files.hpp"
 
+#include <fcntl.h>
 #include <sodium.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <string_view>
+#include <system_error>
 
 namespace publisher {
 namespace {
@@ -41,6 +45,27 @@ struct SecretText {
     SecretText& operator=(const SecretText&) = delete;
 };
 
+/// The beginning of a file that only its owner can read, in the one piece of memory that will be
+/// wiped.
+std::string readPrivateFile(const fs::path& path) {
+    const platform::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status {};
+    if (!file || fstat(file.get(), &status) != 0) {
+        throw Failure(ExitCode::inputOutput, path.string() + ": cannot be read: " +
+                                                 std::generic_category().message(errno));
+    }
+    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        throw Failure(ExitCode::refused,
+                      path.string() +
+                          ": others can read this private key. Make it yours alone with "
+                          "\"chmod 600\", and consider whether somebody has.");
+    }
+    std::string text(1024, '\0');
+    const ssize_t size = read(file.get(), text.data(), text.size());
+    text.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+    return text;
+}
+
 } // namespace
 
 SigningKey SigningKey::create(const fs::path& path) {
@@ -70,15 +95,8 @@ SigningKey SigningKey::create(const fs::path& path) {
 
 SigningKey SigningKey::load(const fs::path& path) {
     startSodium();
-    struct stat status {};
-    if (stat(path.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
-        throw Failure(ExitCode::refused, path.string() +
-                                             ": others can read this private key. Make it yours "
-                                             "alone with \"chmod 600\", and think of a new one.");
-    }
     SecretText content;
-    content.text.reserve(1024);
-    content.text = readText(path, 1023);
+    content.text = readPrivateFile(path);
     SigningKey key;
     std::array<unsigned char, crypto_sign_SEEDBYTES> seed{};
     std::size_t size = 0;

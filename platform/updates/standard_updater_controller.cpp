@@ -1,43 +1,40 @@
 #include "platform/updates/standard_updater_controller.hpp"
 
-#include "platform/ui/workspace.hpp"
+#include "platform/updates/dialogs/update_windows.hpp"
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QUrl>
+#include <utility>
 
 namespace platform {
 
 SPUStandardUpdaterController::SPUStandardUpdaterController(Starting starting,
                                                            SPUUpdaterDelegate* updaterDelegate,
-                                                           QObject* parent)
-    : QObject(parent), updaterDelegate_(updaterDelegate) {
+                                                           UpdaterConfiguration configuration,
+                                                           Workspace& workspace, QObject* parent)
+    : QObject(parent),
+      updaterDelegate_(updaterDelegate),
+      configuration_(std::move(configuration)),
+      workspace_(workspace) {
     if (starting == Starting::now) {
         startUpdater();
     }
 }
 
+SPUStandardUpdaterController::~SPUStandardUpdaterController() = default;
+
 void SPUStandardUpdaterController::startUpdater() {
-    isStarted_ = true;
+    if (isStarted() || updaterDelegate_ == nullptr) {
+        return;
+    }
+    configuration_.identity.feed = QUrl(updaterDelegate_->feedURLString(*this));
+    session_ = std::make_unique<UpdateSession>(configuration_);
+    windows_ = std::make_unique<UpdateWindows>(*session_, workspace_);
+    session_->start();
 }
 
 void SPUStandardUpdaterController::checkForUpdates() {
-    if (!isStarted_ || updaterDelegate_ == nullptr) {
-        return;
+    if (session_ != nullptr) {
+        session_->checkForUpdates();
     }
-    const QUrl feed(updaterDelegate_->feedURLString(*this));
-    auto* const box = new QMessageBox(QApplication::activeWindow());
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setIcon(QMessageBox::Information);
-    box->setText(tr("This version can't update itself."));
-    box->setInformativeText(tr("The newest version is on %1.").arg(feed.host()));
-    QPushButton* const visit = box->addButton(tr("Open Website"), QMessageBox::AcceptRole);
-    box->setDefaultButton(box->addButton(QMessageBox::Close));
-    connect(visit, &QPushButton::clicked, this, [feed] {
-        Workspace::shared().open(QUrl(QStringLiteral("https://") + feed.host() + u'/'));
-    });
-    box->open();
 }
 
 } // namespace platform

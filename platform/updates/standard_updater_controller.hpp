@@ -1,11 +1,17 @@
 #pragma once
 
+#include "platform/ui/workspace.hpp"
+#include "platform/updates/session/update_session.hpp"
+
 #include <QObject>
 #include <QString>
+
+#include <memory>
 
 namespace platform {
 
 class SPUStandardUpdaterController;
+class UpdateWindows;
 
 /// Answers what the updater asks of the program. It outlives the controller. Main thread.
 class SPUUpdaterDelegate {
@@ -18,26 +24,39 @@ class SPUUpdaterDelegate {
 
 /// Owns the updater and its standard windows. It is not started by being made unless asked to.
 ///
-/// This version of the program does not install updates by itself: a check asked for by the user
-/// says so and offers the feed's site, and nothing is checked on a schedule.
+/// Once it is started, it asks the user whether it may look for updates by itself (on the second
+/// start), and then does so once a day. Nothing is downloaded before the user wants it, and nothing
+/// is installed that the maker has not signed. A copy of the program that others look after is only
+/// told that there is an update.
 class SPUStandardUpdaterController final : public QObject {
     Q_OBJECT
 
   public:
     enum class Starting { now, later };
 
+    /// The feed's address in the configuration comes from the delegate. Without a configuration it
+    /// checks when it is told to, and remembers nothing.
     SPUStandardUpdaterController(Starting starting, SPUUpdaterDelegate* updaterDelegate,
+                                 UpdaterConfiguration configuration = {},
+                                 Workspace& workspace = Workspace::shared(),
                                  QObject* parent = nullptr);
+    ~SPUStandardUpdaterController() override;
 
     void startUpdater(); ///< does nothing when it has started
-    [[nodiscard]] bool isStarted() const { return isStarted_; }
+    [[nodiscard]] bool isStarted() const { return session_ != nullptr; }
 
     /// A check on the user's command; always answers. Does nothing before the start.
     void checkForUpdates();
 
+    /// Null before the start.
+    [[nodiscard]] UpdateSession* session() const { return session_.get(); }
+
   private:
     SPUUpdaterDelegate* updaterDelegate_;
-    bool isStarted_ = false;
+    UpdaterConfiguration configuration_;
+    Workspace& workspace_;
+    std::unique_ptr<UpdateSession> session_;
+    std::unique_ptr<UpdateWindows> windows_;
 };
 
 } // namespace platform

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/updates/dialogs/update_dialog.hpp"
+
+namespace platform {
+
+/// Says how a check or an update ended: up to date, no, or why not.
+class MessageDialog final : public UpdateDialog {
+    Q_OBJECT
+
+  public:
+    explicit MessageDialog(const DialogContext& context, QWidget* parent = nullptr);
+    bool show(const UpdateScene& scene) override;
+
+  private:
+    bool isFilled_ = false;
+};
+
+} // namespace platform

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/updates/dialogs/update_dialog.hpp"
+
+namespace platform {
+
+class ReleaseNotesView;
+
+/// There is a new version: what it is called, what is new in it, and what to do about it.
+class OfferDialog final : public UpdateDialog {
+    Q_OBJECT
+
+  public:
+    explicit OfferDialog(const DialogContext& context, QWidget* parent = nullptr);
+    bool show(const UpdateScene& scene) override;
+
+  private:
+    ReleaseNotesView* notes_;
+    QString shownNotes_;
+};
+
+} // namespace platform

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/updates/dialogs/update_dialog.hpp"
+
+namespace platform {
+
+/// May the program look for updates by itself? Closing it is no answer: it asks again another time.
+class PermissionDialog final : public UpdateDialog {
+    Q_OBJECT
+
+  public:
+    explicit PermissionDialog(const DialogContext& context, QWidget* parent = nullptr);
+    bool show(const UpdateScene& scene) override;
+};
+
+} // namespace platform

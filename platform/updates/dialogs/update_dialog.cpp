@@ -1,0 +1,129 @@
+#include "platform/updates/dialogs/update_dialog.hpp"
+
+#include "platform/ui/system_font.hpp"
+#include "platform/updates/dialogs/message_dialog.hpp"
+#include "platform/updates/dialogs/offer_dialog.hpp"
+#include "platform/updates/dialogs/permission_dialog.hpp"
+#include "platform/updates/dialogs/progress_dialog.hpp"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace platform {
+namespace {
+
+constexpr int iconSize = 64;
+constexpr int textWidth = 388;
+
+QLabel* makeLabel(const QFont& font) {
+    auto* const label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setFont(font);
+    label->setWordWrap(true);
+    label->setMinimumWidth(textWidth);
+    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    return label;
+}
+
+} // namespace
+
+UpdateDialog::UpdateDialog(const DialogContext& context, QWidget* parent)
+    : QDialog(parent),
+      context_(context),
+      title_(makeLabel(systemFont(15, QFont::Bold, FontDesign::rounded))),
+      text_(makeLabel(systemFont(13, QFont::Normal))),
+      content_(new QVBoxLayout),
+      apart_(new QHBoxLayout),
+      row_(new QHBoxLayout) {
+    //: the title of a window; %1 is the name of the program
+    setWindowTitle(tr("%1 Update").arg(context.product));
+    auto* const icon = new QLabel;
+    icon->setPixmap(
+        QApplication::windowIcon().pixmap(QSize(iconSize, iconSize), devicePixelRatio()));
+    icon->setFixedWidth(iconSize);
+    icon->setAlignment(Qt::AlignTop);
+
+    content_->setSpacing(8);
+    auto* const buttons = new QHBoxLayout;
+    buttons->setSpacing(0);
+    apart_->setSpacing(8);
+    row_->setSpacing(8);
+    buttons->addLayout(apart_);
+    buttons->addSpacing(24);
+    buttons->addStretch(1);
+    buttons->addLayout(row_);
+
+    auto* const texts = new QVBoxLayout;
+    texts->setSpacing(6);
+    texts->addWidget(title_);
+    texts->addWidget(text_);
+    texts->addSpacing(10);
+    texts->addLayout(content_);
+    texts->addStretch(1);
+    auto* const upper = new QHBoxLayout;
+    upper->setSpacing(20);
+    upper->addWidget(icon, 0, Qt::AlignTop);
+    upper->addLayout(texts, 1);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(24, 24, 24, 20);
+    column->setSpacing(16);
+    column->addLayout(upper, 1);
+    column->addLayout(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void UpdateDialog::say(const QString& title, const QString& text) {
+    if (title_->text() == title && text_->text() == text) {
+        return;
+    }
+    title_->setText(title);
+    text_->setText(text);
+    text_->setVisible(!text.isEmpty());
+    setAccessibleName(title);
+    setAccessibleDescription(text);
+}
+
+Button* UpdateDialog::addButton(const QString& label, Prominence prominence,
+                                const std::function<void()>& action, Place place) {
+    Button* const button = makeDialogButton(label, prominence, this);
+    connect(button, &QAbstractButton::clicked, this, action);
+    (place == Place::apart ? apart_ : row_)->addWidget(button);
+    return button;
+}
+
+void UpdateDialog::clearButtons() {
+    for (QBoxLayout* const layout : {apart_, row_}) {
+        while (QLayoutItem* const item = layout->takeAt(0)) {
+            item->widget()->hide();
+            item->widget()->deleteLater(); // it may be telling of its click
+            delete item;
+        }
+    }
+}
+
+void UpdateDialog::reject() {
+    context_.dismiss();
+}
+
+UpdateDialog* makeUpdateDialog(const UpdateScene& scene, const DialogContext& context,
+                               QWidget* parent) {
+    UpdateDialog* dialog = nullptr;
+    if (std::holds_alternative<scene::Nothing>(scene)) {
+        return nullptr;
+    }
+    if (std::holds_alternative<scene::Permission>(scene)) {
+        dialog = new PermissionDialog(context, parent);
+    } else if (std::holds_alternative<scene::Offer>(scene)) {
+        dialog = new OfferDialog(context, parent);
+    } else if (ProgressDialog::isFor(scene)) {
+        dialog = new ProgressDialog(context, parent);
+    } else {
+        dialog = new MessageDialog(context, parent);
+    }
+    dialog->show(scene);
+    return dialog;
+}
+
+} // namespace platform

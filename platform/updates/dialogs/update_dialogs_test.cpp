@@ -1,0 +1,255 @@
+#include "platform/testing/window_testing.hpp"
+#include "platform/updates/dialogs/release_notes_view.hpp"
+#include "platform/updates/dialogs/update_messages.hpp"
+#include "platform/updates/dialogs/update_windows.hpp"
+#include "platform/updates/session/safe_html.hpp"
+#include "platform/updates/session/update_session.hpp"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <set>
+
+namespace platform {
+namespace {
+
+using ::testing::ElementsAre;
+
+class FakeWorkspace final : public Workspace {
+  public:
+    bool open(const QUrl& url) override {
+        opened.append(url);
+        return true;
+    }
+    QList<QUrl> opened;
+};
+
+class UpdateDialogs : public ::testing::Test {
+  protected:
+    UpdateDialog& show(const UpdateScene& scene) {
+        const auto note = [this](const char* what) {
+            return [this, what] { decisions.emplace_back(what); };
+        };
+        dialog.reset(makeUpdateDialog(scene, {.product = "Larkvox",
+                                              .website = QUrl("https://www.fennick.example/"),
+                                              .workspace = &workspace,
+                                              .checksByItself = true,
+                                              .checkAgain = note("again"),
+                                              .skip = note("skip"),
+                                              .install = note("install"),
+                                              .relaunch = note("relaunch"),
+                                              .dismiss = note("dismiss"),
+                                              .setChecksByItself = [this](bool checks) {
+                                                  decisions.emplace_back(checks ? "yes" : "no");
+                                              }}));
+        testing::showActive(*dialog);
+        return *dialog;
+    }
+
+    [[nodiscard]] std::vector<std::string> buttons() const {
+        std::vector<std::string> texts;
+        for (const Button* const button : dialog->findChildren<Button*>()) {
+            if (button->isVisible()) {
+                texts.push_back(button->text().toStdString());
+            }
+        }
+        return texts;
+    }
+
+    void press(const char* text) {
+        for (Button* const button : dialog->findChildren<Button*>()) {
+            if (button->isVisible() && button->text() == text) {
+                button->click();
+                return;
+            }
+        }
+        FAIL() << "no button " << text;
+    }
+
+    FakeWorkspace workspace;
+    std::vector<std::string> decisions;
+    std::unique_ptr<UpdateDialog> dialog;
+};
+
+const scene::Offer offer{.version = "1.1.0", .installedVersion = "1.0.0", .notes = "<p>New</p>"};
+
+TEST_F(UpdateDialogs, HaveTheirButtonsAndReturnInstallsNothing) {
+    scene::Offer critical = offer;
+    critical.isCritical = true;
+    const struct {
+        UpdateScene scene;
+        std::vector<std::string> buttons;
+        std::vector<std::string> decisions; // what the buttons lead to
+    } cases[] = {
+        {scene::Permission{}, {"Don’t Check", "Check Automatically"}, {"no", "yes"}},
+        {offer,
+         {"Skip This Version", "Remind Me Later", "Install Update"},
+         {"skip", "dismiss", "install"}},
+        {critical, {"Remind Me Later", "Install Update"}, {"dismiss", "install"}},
+        {scene::Checking{}, {"Cancel"}, {"dismiss"}},
+        {scene::Downloading{"1.1.0", {1, 2, 0}}, {"Cancel"}, {"dismiss"}},
+        {scene::Unpacking{"1.1.0", 0.5}, {"Cancel"}, {"dismiss"}},
+        {scene::Ready{"1.1.0"},
+         {"Remind Me Later", "Install and Relaunch"},
+         {"dismiss", "relaunch"}},
+        {scene::Installing{"1.1.0"}, {}, {}},
+        {scene::UpToDate{"1.0.0", false}, {"Close"}, {"dismiss"}},
+        {scene::Failed{{UpdateProblem::offline, "host"}},
+         {"Close", "Try Again"},
+         {"dismiss", "again"}},
+        {scene::ManagedElsewhere{"1.1.0", Management::dpkg, "larkvox"}, {"Close"}, {"dismiss"}},
+    };
+    for (const auto& [scene, texts, outcome] : cases) {
+        UpdateDialog& shown = show(scene);
+        EXPECT_EQ(buttons(), texts);
+        decisions.clear();
+        for (const std::string& text : texts) {
+            press(text.c_str());
+        }
+        EXPECT_EQ(decisions, outcome);
+        decisions.clear();
+        QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget()
+                                                               : &shown,
+                        Qt::Key_Return);
+        testing::runFor(150); // the button that has the focus goes down and up
+        EXPECT_THAT(decisions, ::testing::Not(::testing::Contains(
+                                   ::testing::AnyOf("install", "relaunch", "yes", "skip"))));
+        decisions.clear();
+        QTest::keyClick(&shown, Qt::Key_Escape);
+        shown.close();
+        EXPECT_THAT(decisions, ElementsAre("dismiss", "dismiss"));
+    }
+}
+
+TEST_F(UpdateDialogs, AreWorkedWithTheKeyboardAlone) {
+    show(offer);
+    std::set<std::string> reached;
+    for (int i = 0; i < 8; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        const auto* const element =
+            QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+        reached.insert(element->text(QAccessible::Name).toStdString());
+    }
+    EXPECT_THAT(reached, ElementsAre("Install Update", "Release notes", "Remind Me Later",
+                                     "Skip This Version"));
+    while (QApplication::focusWidget()->property("text") != "Install Update") {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    testing::runUntil([&] { return !decisions.empty(); });
+    EXPECT_THAT(decisions, ElementsAre("install"));
+}
+
+TEST_F(UpdateDialogs, AreReadableWithoutLooking) {
+    UpdateDialog& shown = show(scene::Downloading{"1.1.0", {17'300'000, 41'200'000, 2'400'000}});
+    const auto* const window = QAccessible::queryAccessibleInterface(&shown);
+    EXPECT_EQ(window->role(), QAccessible::Dialog);
+    EXPECT_EQ(window->text(QAccessible::Name), "Downloading Larkvox 1.1.0…");
+    auto* const bar = shown.findChild<QProgressBar*>();
+    auto* const element = QAccessible::queryAccessibleInterface(bar);
+    EXPECT_EQ(element->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(element->text(QAccessible::Name), "Progress");
+    EXPECT_EQ(element->text(QAccessible::Description), "17.3 MB of 41.2 MB, 2.4 MB/s");
+    ASSERT_NE(element->valueInterface(), nullptr);
+    EXPECT_EQ(element->valueInterface()->currentValue().toInt(), 420);
+    // The same dialog goes on to the end.
+    EXPECT_TRUE(shown.show(scene::Unpacking{"1.1.0", 0.25}));
+    EXPECT_EQ(element->valueInterface()->currentValue().toInt(), 250);
+    EXPECT_TRUE(shown.show(scene::Ready{"1.1.0"}));
+    EXPECT_EQ(window->text(QAccessible::Description),
+              "To install it, Larkvox quits and starts again.");
+    EXPECT_FALSE(shown.show(offer));
+    show(offer);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(dialog.get())->text(QAccessible::Description),
+              "Larkvox 1.1.0 is available; you have 1.0.0.");
+}
+
+TEST_F(UpdateDialogs, ShowNotesAndLoadNothing) {
+    show(offer);
+    auto* const notes = dialog->findChild<ReleaseNotesView*>();
+    EXPECT_EQ(notes->toPlainText(), "New");
+    notes->showNotes("<p><img src=\"file:///etc/hostname\"><a href=\"https://a.example/b\">x</a>");
+    EXPECT_FALSE(
+        notes->loadResource(QTextDocument::ImageResource, QUrl("file:///etc/hostname")).isValid());
+    emit notes->anchorClicked(QUrl("https://a.example/b"));
+    EXPECT_EQ(workspace.opened, QList<QUrl>{QUrl("https://a.example/b")});
+    EXPECT_EQ(notes->toPlainText().remove(QChar::ObjectReplacementCharacter),
+              "x"); // is still there
+    scene::Offer loading = offer;
+    loading.isLoadingNotes = true;
+    dialog->show(loading);
+    EXPECT_EQ(notes->toPlainText(), "Loading the release notes…");
+    show(scene::Failed{{UpdateProblem::signatureMissing, {}}});
+    press("Open Website");
+    EXPECT_EQ(workspace.opened.back(), QUrl("https://www.fennick.example/"));
+}
+
+TEST_F(UpdateDialogs, LetThePersonChooseOnceADay) {
+    show(scene::UpToDate{"1.0.0", true});
+    auto* const box = dialog->findChild<QCheckBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->isChecked());
+    QTest::keyClick(box, Qt::Key_Space);
+    EXPECT_THAT(decisions, ElementsAre("no"));
+}
+
+TEST(UpdateMessages, AreDistinctAndComplete) {
+    std::set<QString> texts;
+    const int last = static_cast<int>(UpdateProblem::relaunchFailed);
+    for (int i = 0; i <= last; ++i) {
+        const UpdateMessage message =
+            messageOf(UpdateFailure{static_cast<UpdateProblem>(i), "DETAIL"}, "Larkvox");
+        EXPECT_FALSE(message.title.isEmpty()) << i;
+        EXPECT_GT(message.text.size(), 40) << i;
+        EXPECT_FALSE(message.text.contains('%')) << message.text.toStdString();
+        EXPECT_FALSE(message.text.contains("unknown", Qt::CaseInsensitive));
+        texts.insert(message.text);
+    }
+    EXPECT_EQ(texts.size(), static_cast<std::size_t>(last) + 1);
+}
+
+/// The windows over a session that cannot reach anything.
+class UpdateWindowsTest : public ::testing::Test {
+  protected:
+    UpdateWindowsTest() {
+        QObject::connect(&session, &UpdateSession::sceneChanged, [this] { ++changes; });
+    }
+    FakeWorkspace workspace;
+    UpdateSession session{UpdaterConfiguration()};
+    UpdateWindows windows{session, workspace};
+    int changes = 0;
+};
+
+TEST_F(UpdateWindowsTest, TakeTheFocusOnCommandOnly) {
+    emit session.sceneChanged(offer); // by itself
+    ASSERT_NE(windows.dialog(), nullptr);
+    EXPECT_TRUE(windows.dialog()->testAttribute(Qt::WA_ShowWithoutActivating));
+    emit session.attentionWanted();
+    EXPECT_FALSE(windows.dialog()->testAttribute(Qt::WA_ShowWithoutActivating));
+    emit session.sceneChanged(scene::Nothing{});
+    EXPECT_EQ(windows.dialog(), nullptr);
+    emit session.sceneChanged(scene::Permission{});
+    EXPECT_TRUE(windows.dialog()->testAttribute(Qt::WA_ShowWithoutActivating));
+
+    session.checkForUpdates(); // the feed has no address: there is an answer all the same
+    ASSERT_NE(windows.dialog(), nullptr);
+    EXPECT_FALSE(windows.dialog()->testAttribute(Qt::WA_ShowWithoutActivating));
+    const QPoint centre = windows.dialog()->geometry().center();
+    ASSERT_TRUE(
+        testing::runUntil([&] { return std::holds_alternative<scene::Failed>(session.scene()); }));
+    EXPECT_LT((windows.dialog()->geometry().center() - centre).manhattanLength(), 4);
+    windows.dialog()->close();
+    EXPECT_TRUE(std::holds_alternative<scene::Nothing>(session.scene()));
+    EXPECT_EQ(windows.dialog(), nullptr);
+}
+
+} // namespace
+} // namespace platform

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/updates/session/update_session.hpp"
+
+namespace platform {
+
+/// The configuration of an updater on the user's real system: which installation this program lies
+/// in, the folder for settings, chance, other programs. What is the product's own (`identity`,
+/// `version`) is left to the caller. `name` is the product's in file names. Needs the application
+/// object.
+[[nodiscard]] UpdaterConfiguration systemSurroundings(const QString& name);
+
+} // namespace platform
