@@ -15,15 +15,17 @@ function(larkvox_add_install_helper)
     message(FATAL_ERROR "larkvox_add_install_helper: NAME is missing or something is not understood: "
                         "${ARG_UNPARSED_ARGUMENTS}")
   endif()
-  set(header "${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}/update_key.hpp")
-  set(write "${CMAKE_COMMAND}" "-DOUTPUT=${header}" "-DKEY=${ARG_KEY}" "-DKEY_FILE=${ARG_KEY_FILE}"
+  set(source "${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}/update_key.cpp")
+  set(write "${CMAKE_COMMAND}" "-DOUTPUT=${source}" "-DKEY=${ARG_KEY}" "-DKEY_FILE=${ARG_KEY_FILE}"
             -P "${PROJECT_SOURCE_DIR}/cmake/write_update_key.cmake")
-  add_custom_command(OUTPUT "${header}" COMMAND ${write}
-    DEPENDS ${ARG_KEY_FILE} "${PROJECT_SOURCE_DIR}/cmake/write_update_key.cmake"
-    COMMENT "Key of ${ARG_NAME}" VERBATIM)
+  if(ARG_KEY_FILE)
+    add_custom_command(OUTPUT "${source}" COMMAND ${write}
+      DEPENDS "${ARG_KEY_FILE}" COMMENT "Key of ${ARG_NAME}" VERBATIM)
+  else()
+    execute_process(COMMAND ${write} COMMAND_ERROR_IS_FATAL ANY)
+  endif()
   add_executable(${ARG_NAME} "${PROJECT_SOURCE_DIR}/platform/updates/install/helper_main.cpp"
-                             "${header}")
-  target_include_directories(${ARG_NAME} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}")
+                             "${source}")
   target_compile_definitions(${ARG_NAME} PRIVATE LARKVOX_PRODUCT="${PROJECT_NAME}"
                                                  LARKVOX_IDENTIFIER="${LARKVOX_IDENTIFIER}")
   target_link_libraries(${ARG_NAME} PRIVATE platform_update_install)

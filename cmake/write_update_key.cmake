@@ -1,8 +1,18 @@
-# Writes a header with a public key: OUTPUT, and KEY or KEY_FILE.
+# Writes the source of a public key: OUTPUT, and KEY or KEY_FILE.
+cmake_minimum_required(VERSION 3.25)
 if(KEY_FILE)
   file(STRINGS "${KEY_FILE}" KEY LIMIT_COUNT 1)
 endif()
 if(NOT KEY MATCHES "^[A-Za-z0-9+/=]*$")
   message(FATAL_ERROR "not a key in base64: ${KEY}")
 endif()
-file(WRITE "${OUTPUT}" "#pragma once\n\ninline constexpr const char* updatePublicKey = \"${KEY}\";\n")
+set(text "#include \"platform/updates/install/update_key.hpp\"\n\n")
+string(APPEND text "const char* const platform::updatePublicKey = \"${KEY}\";\n")
+# While configuring only where it differs, so that nothing is built anew for nothing.
+set(present "")
+if(NOT KEY_FILE AND EXISTS "${OUTPUT}")
+  file(READ "${OUTPUT}" present)
+endif()
+if(NOT text STREQUAL present)
+  file(WRITE "${OUTPUT}" "${text}")
+endif()

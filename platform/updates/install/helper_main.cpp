@@ -2,7 +2,7 @@
 // command line and what it says are in install_protocol.hpp.
 #include "platform/system/sealed_file.hpp"
 #include "platform/updates/install/installer.hpp"
-#include "update_key.hpp"
+#include "platform/updates/install/update_key.hpp"
 
 #include <poll.h>
 #include <unistd.h>

@@ -128,6 +128,7 @@ std::map<std::string, std::string> treeContent(const fs::path& folder) {
 
 Child::Child(const std::vector<std::string>& command, int inherited, uid_t user) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command) {
         arguments.push_back(const_cast<char*>(argument.c_str()));
     }

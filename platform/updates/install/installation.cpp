@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <compare>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -119,7 +120,8 @@ void removeOldVersions(const fs::path& root, const std::string& current, const s
 
 /// The descriptor in which the launcher handed over its lock on `folder`; none without a launcher.
 Descriptor inheritedLock(const Descriptor& folder) {
-    const char* const text = std::getenv(lockVariable);
+    // The program has no other threads yet.
+    const char* const text = std::getenv(lockVariable); // NOLINT(concurrency-mt-unsafe)
     if (text == nullptr) {
         return {};
     }
@@ -131,7 +133,8 @@ Descriptor inheritedLock(const Descriptor& folder) {
                       fstat(folder.get(), &mine) == 0 && fstat(number, &handed) == 0 &&
                       mine.st_dev == handed.st_dev && mine.st_ino == handed.st_ino &&
                       fcntl(number, F_SETFD, FD_CLOEXEC) == 0;
-    unsetenv(lockVariable); // it is not for the programs that this one starts
+    // It is not for the programs that this one starts.
+    unsetenv(lockVariable); // NOLINT(concurrency-mt-unsafe)
     return isIt ? Descriptor(number) : Descriptor();
 }
 
@@ -166,7 +169,7 @@ Installation examineInstallation(const fs::path& executable, const SystemPlaces&
         found.failedVersion = record.failed;
         found.highestInstalledVersion = place.version;
         for (const std::string& version : {record.highest, current}) {
-            if (compareVersions(version, found.highestInstalledVersion) > 0) {
+            if (std::is_gt(compareVersions(version, found.highestInstalledVersion))) {
                 found.highestInstalledVersion = version;
             }
         }

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <compare>
 #include <system_error>
 #include <utility>
 
@@ -153,9 +154,9 @@ Installer::MaybeRefused Installer::checkVersion() const {
     }
     const InstallationRecord record = readRecord(root_.get(), current);
     // The highest one may be installed again: it may have been taken back after failing.
-    if (compareVersions(version, current) <= 0 ||
-        compareVersions(version, request_.installed) <= 0 ||
-        compareVersions(version, record.highest) < 0) {
+    if (std::is_lteq(compareVersions(version, current)) ||
+        std::is_lteq(compareVersions(version, request_.installed)) ||
+        std::is_lt(compareVersions(version, record.highest))) {
         return refused(InstallFault::notNewer, version);
     }
     return {};

@@ -55,6 +55,7 @@ void countTrial(int root) {
     }
 }
 
+// NOLINTBEGIN(concurrency-mt-unsafe): the launcher has one thread.
 /// Becomes the program of a version. Returns when there is none that runs.
 void become(const fs::path& folder, int root, const std::string& version, char** arguments) {
     const Descriptor lock = openVersion(root, version);
@@ -72,6 +73,7 @@ void become(const fs::path& folder, int root, const std::string& version, char**
     unsetenv(lockVariable);
     std::fprintf(stderr, "Larkvox %s does not start: %s\n", version.c_str(), std::strerror(errno));
 }
+// NOLINTEND(concurrency-mt-unsafe)
 
 } // namespace
 

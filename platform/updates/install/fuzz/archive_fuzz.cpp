@@ -21,6 +21,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -201,19 +202,26 @@ std::string fingerprint(const fs::path& folder) {
         }
         struct stat status {};
         require(lstat(entry->path().c_str(), &status) == 0, "a file is gone");
-        std::string line = entry->path().string() + ' ' + std::to_string(status.st_mode) + ' ' +
-                           std::to_string(status.st_ino);
+        std::string line = entry->path().string();
+        const auto addNumber = [&line](std::int64_t number) {
+            line += ' ';
+            line += std::to_string(number);
+        };
+        addNumber(status.st_mode);
+        addNumber(static_cast<std::int64_t>(status.st_ino));
         if (entry->path().filename() != "Larkvox") { // in which the staging folder comes and goes
-            line += ' ' + std::to_string(status.st_nlink) + ' ' + std::to_string(status.st_size) +
-                    ' ' + std::to_string(status.st_mtim.tv_sec) + '.' +
-                    std::to_string(status.st_mtim.tv_nsec);
+            addNumber(static_cast<std::int64_t>(status.st_nlink));
+            addNumber(status.st_size);
+            addNumber(status.st_mtim.tv_sec);
+            addNumber(status.st_mtim.tv_nsec);
         }
         lines.push_back(line);
     }
     std::sort(lines.begin(), lines.end());
     std::string all;
     for (const std::string& line : lines) {
-        all += line + '\n';
+        all += line;
+        all += '\n';
     }
     return all;
 }
@@ -237,19 +245,25 @@ void requireGoodTree(const fs::path& tree, std::uint64_t archiveSize) {
     require(access((tree / "bin/larkvox").c_str(), X_OK) == 0, "no program");
 }
 
+bool isOneOf(char type, std::string_view types) {
+    return types.find(type) != std::string_view::npos;
+}
+
 /// Walks the headers of a plain archive, as far as they are the ordinary ones.
 void requireGoodHeaders(const Bytes& archive) {
     std::vector<std::string> names;
     for (std::size_t at = 0; at + blockSize <= archive.size();) {
         const auto* const block = reinterpret_cast<const char*>(&archive[at]);
         const char type = block[156];
-        if (!isHeader(&archive[at]) || block[124] < '0' || std::strchr("xgLKS", type) != nullptr) {
+        if (!isHeader(&archive[at]) || block[124] < '0' || isOneOf(type, "xgLKS")) {
             return; // the end, or names and sizes that are told in another way
         }
         std::string name(block, strnlen(block, 100));
         const std::string prefix(block + 345, strnlen(block + 345, 155));
-        name = prefix.empty() ? name : prefix + '/' + name;
-        require(std::strchr("346", type) == nullptr, "a device was accepted");
+        if (!prefix.empty()) {
+            name.insert(0, prefix + '/');
+        }
+        require(!isOneOf(type, "346"), "a device was accepted");
         require(type != '1', "a hard link was accepted");
         require(type != '2' || name == "Larkvox/current", "a link was accepted");
         require(name.front() != '/', "an absolute name was accepted");
