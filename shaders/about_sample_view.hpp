@@ -8,8 +8,8 @@
 namespace kestrel {
 
 /// The about visual as a view of its own, in linear Display P3. It shows itself and starts anew
-/// whenever it gets a parent, and does not pause while its window is not key. Without a device or its images it is
-/// empty. Main thread.
+/// whenever it gets a parent, and does not pause while its window is not key. Without a device or
+/// its images it is empty. Main thread.
 class AboutSampleView final : public platform::GpuView {
     Q_OBJECT
 

@@ -123,11 +123,11 @@
     </message>
     <message>
         <source>It closes a dangerous gap: install it soon.</source>
-        <translation>Sie schließt eine gefährliche Lücke: Installiere sie bald.</translation>
+        <translation>Die neue Version schließt eine gefährliche Lücke: Installiere sie bald.</translation>
     </message>
     <message>
         <source>It was installed here before but didn’t start, so the previous version was brought back.</source>
-        <translation>Sie war hier schon installiert, startete aber nicht; darum wurde die vorige Version zurückgeholt.</translation>
+        <translation>Diese Version war hier schon installiert, startete aber nicht; darum wurde die vorige zurückgeholt.</translation>
     </message>
     <message>
         <source>An important update is available</source>

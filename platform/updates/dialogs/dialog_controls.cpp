@@ -14,8 +14,7 @@ namespace platform {
 namespace {
 
 constexpr int boxSize = 16;
-constexpr int boxGap = 8;    // to the text
-constexpr int ringReach = 3; // of the focus ring around everything
+constexpr int boxGap = 8; // to the text
 
 } // namespace
 

@@ -10,6 +10,8 @@ class DialogCheckBox final : public QCheckBox {
     Q_OBJECT
 
   public:
+    static constexpr int ringReach = 3; ///< points, of the focus ring around everything
+
     explicit DialogCheckBox(const QString& text, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -1,5 +1,6 @@
 #include "platform/updates/dialogs/message_dialog.hpp"
 
+#include "platform/ui/padded_item.hpp"
 #include "platform/updates/dialogs/dialog_controls.hpp"
 #include "platform/updates/dialogs/update_messages.hpp"
 
@@ -23,7 +24,10 @@ bool MessageDialog::show(const UpdateScene& scene) {
         auto* const box = new DialogCheckBox(tr("Check automatically once a day"));
         box->setChecked(context().checksByItself);
         connect(box, &QCheckBox::toggled, this, context().setChecksByItself);
-        content().addWidget(box);
+        // The box stands in line with the text; its focus ring reaches out of its place.
+        content().addItem(new PaddedItem(box, {-DialogCheckBox::ringReach, 0, 0, 0}));
+        box->setParent(this);
+        box->show();
     }
     addButton(tr("Close"), Prominence::quiet, context().dismiss)->setFocus();
     switch (message->remedy) {

@@ -115,6 +115,9 @@ void HttpsFetch::ask() {
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     request.setRawHeader("Accept", request_.accept);
+    // Nobody is told more than that somebody asks: neither the toolkit nor the user's language.
+    request.setRawHeader("User-Agent", "updater");
+    request.setRawHeader("Accept-Language", "*");
     // The bytes are signed and measured as they stand; nobody shall unpack them on the way.
     request.setRawHeader("Accept-Encoding", "identity");
     if (request_.offset > 0) {

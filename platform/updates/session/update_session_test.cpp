@@ -195,6 +195,10 @@ TEST_F(Session, InstallsWhatTheMakerSignedAndRelaunches) {
     ASSERT_TRUE(runUntil([&] { return !shown<scene::Offer>().isLoadingNotes; }));
     EXPECT_EQ(shown<scene::Offer>().notes, "<h1>New</h1>");
     EXPECT_EQ(shown<scene::Offer>().version, "1.1.0");
+    EXPECT_EQ(server.requests()[0].headers.keys().join(' ').toStdString(),
+              "accept accept-encoding accept-language cache-control connection host pragma "
+              "user-agent");
+    EXPECT_EQ(server.requests()[0].headers["accept-language"], "*");
     EXPECT_EQ(askedFor("/archive"), 0); // nothing before the user wants it
     session->relaunch();                // not yet
     session->install();
