@@ -43,26 +43,26 @@ using Pixels = std::array<std::uint32_t, LightRow::size>;
 // Loops over a whole row with nothing but arithmetic, which the compiler turns into steps of
 // several pixels, and in between the look-ups.
 
-void look(const Curves::Table& table, const Steps& at, Row& result) {
+inline void look(const Curves::Table& table, const Steps& at, Row& result) {
     for (std::size_t i = 0; i < LightRow::size; ++i) {
         result[i] = table[static_cast<std::size_t>(at[i])];
     }
 }
 
-void unpack(const Pixels& pixels, int shift, Row& component) {
+inline void unpack(const Pixels& pixels, int shift, Row& component) {
     for (std::size_t i = 0; i < LightRow::size; ++i) {
         component[i] = static_cast<float>(static_cast<std::int32_t>((pixels[i] >> shift) & 0xffU));
     }
 }
 
-void invert(const Row& values, float least, Row& result) {
+inline void invert(const Row& values, float least, Row& result) {
     for (std::size_t i = 0; i < LightRow::size; ++i) {
         result[i] = 1 / std::max(values[i], least);
     }
 }
 
-void decode(const Curves::Table& toLinear, const LightRow& light, const Row& inverse,
-            Row& component) {
+inline void decode(const Curves::Table& toLinear, const LightRow& light, const Row& inverse,
+                   Row& component) {
     Steps at;
     for (std::size_t i = 0; i < LightRow::size; ++i) {
         at[i] = static_cast<std::int32_t>(
@@ -74,8 +74,8 @@ void decode(const Curves::Table& toLinear, const LightRow& light, const Row& inv
     }
 }
 
-void encode(const Curves::Table& toCode, const LightRow& light, const Row& inverse,
-            Row& component) {
+inline void encode(const Curves::Table& toCode, const LightRow& light, const Row& inverse,
+                   Row& component) {
     Steps at;
     for (std::size_t i = 0; i < LightRow::size; ++i) {
         // In this order a component that is no number becomes 0.
@@ -88,12 +88,18 @@ void encode(const Curves::Table& toCode, const LightRow& light, const Row& inver
     }
 }
 
-void pack(const Row& component, int shift, Pixels& pixels) {
+inline void pack(const Row& component, int shift, Pixels& pixels) {
     for (std::size_t i = 0; i < LightRow::size; ++i) {
         pixels[i] |= static_cast<std::uint32_t>(static_cast<std::int32_t>(component[i])) << shift;
     }
 }
 
+// Twice as fast where the processor has wider registers, which is found out at run time.
+// (Sanitizers are not up yet when it is.)
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) &&                             \
+    !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+__attribute__((target_clones("avx2", "default")))
+#endif
 void shade(Pixels& pixels, const Shader& shader, const Shader::Arguments& arguments) {
     const Curves& curve = curves();
     LightRow light;
