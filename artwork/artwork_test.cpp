@@ -54,7 +54,8 @@ Drawing square(const QString& name) {
 }
 
 TEST(Baking, GivesTheSameBytesInAnotherProcess) {
-    for (const QString bundle : {"Larkvox", "Driftwood_Driftwood"}) {
+    for (const QString bundle :
+         {"Larkvox", "Driftwood_Driftwood", "KestrelShaders_KestrelShaders"}) {
         const QTemporaryDir again;
         const auto drawings = drawingsOf(bundle, fonts);
         ASSERT_FALSE(drawings.empty());
@@ -89,7 +90,8 @@ TEST(Baking, RefusesTwoNamesForOneFileAndAFolderItCannotWrite) {
 }
 
 TEST(Manifest, DescribesExactlyTheImagesThatAreThere) {
-    for (const QString bundle : {"Larkvox", "Driftwood_Driftwood"}) {
+    for (const QString bundle :
+         {"Larkvox", "Driftwood_Driftwood", "Fernhorn_Fernhorn", "KestrelShaders_KestrelShaders"}) {
         const QDir folder(builtBundle(bundle));
         const auto images = manifestOf(folder.path())["images"].toObject();
         EXPECT_FALSE(images.isEmpty());
@@ -114,6 +116,57 @@ TEST(Manifest, DescribesExactlyTheImagesThatAreThere) {
                     EXPECT_EQ(std::fmod(cap.toDouble() * scale, 1), 0) << "cap within a pixel";
                 }
             }
+        }
+    }
+}
+
+TEST(Manifest, NamesWhatTheKitsAskFor) {
+    struct Kit {
+        QString bundle;
+        QStringList images;
+        QStringList colors;
+    };
+    for (const auto& [bundle, images, colors] :
+         {Kit{"Fernhorn_Fernhorn",
+              {"chaos-button-grey-off",
+               "chaos-button-grey-on-yellow",
+               "chaos-button-grey-off-down",
+               "chaos-button-grey-on-yellow-down",
+               "chaos-button-narrow-grey-off",
+               "chaos-button-narrow-grey-on-yellow",
+               "chaos-button-narrow-grey-off-down",
+               "chaos-button-narrow-grey-on-yellow-down",
+               "chaos-button-small-yellow-left",
+               "chaos-button-small-yellow-right",
+               "chaos-button-small-yellow-left-down",
+               "chaos-button-small-yellow-right-down",
+               "chaos-button-yellow",
+               "chaos-button-yellow-down",
+               "modern-button",
+               "modern-button-on",
+               "modern-button-down",
+               "modern-button-on-down",
+               "retro-button",
+               "retro-button-down",
+               "settings-button",
+               "settings-button-down",
+               "fennick-logo",
+               "hold-pad",
+               "hold-pad-down",
+               "die-button",
+               "die-button-down"},
+              {"pluginGrey", "pluginBlue", "pluginYellow", "pluginRed", "pluginPurple",
+               "tinyDialLabel", "chaosToggleText", "chaosToggleTextPressed", "ChaosYellowText",
+               "buttonText", "background", "tabSelected", "tabUnselected", "versionInfo",
+               "updateBackground"}},
+          Kit{"KestrelShaders_KestrelShaders", {"tern-logo", "tern-noise"}, {}}}) {
+        const auto manifest = manifestOf(builtBundle(bundle));
+        for (const auto& name : images) {
+            const auto variants = manifest["images"][name]["variants"].toObject();
+            EXPECT_EQ(variants.keys(), (QStringList{"1", "2", "3"})) << name.toStdString();
+        }
+        for (const auto& name : colors) {
+            EXPECT_TRUE(manifest["colors"][name].isObject()) << name.toStdString();
         }
     }
 }
@@ -152,7 +205,7 @@ double contrast(const QColor& a, const QColor& b) {
 }
 
 Drawing kitDrawing(const QString& name) {
-    const auto drawings = drawingsOf("Driftwood_Driftwood", fonts);
+    const auto drawings = allDrawings(fonts);
     const auto found = std::ranges::find(drawings, name, &Drawing::name);
     EXPECT_NE(found, drawings.end()) << name.toStdString();
     return found == drawings.end() ? square(name) : *found;
@@ -209,6 +262,24 @@ constexpr std::array texts{
     Text{"dwk-window-tab", "Grey 70%", normal, focus},
     Text{"dwk-window-tab-selected", "Grey 85%", normal, focus},
     Text{"dwk-window-tab-down", "Grey 50%", pressed, focus},
+    Text{"chaos-button-grey-off", "chaosToggleText", normal},
+    Text{"chaos-button-grey-on-yellow", "chaosToggleText", normal},
+    Text{"chaos-button-grey-off-down", "chaosToggleTextPressed", normal},
+    Text{"chaos-button-grey-on-yellow-down", "chaosToggleTextPressed", normal},
+    Text{"chaos-button-narrow-grey-off", "chaosToggleText", normal},
+    Text{"chaos-button-narrow-grey-on-yellow", "chaosToggleText", normal},
+    Text{"chaos-button-narrow-grey-off-down", "chaosToggleTextPressed", normal},
+    Text{"chaos-button-narrow-grey-on-yellow-down", "chaosToggleTextPressed", normal},
+    Text{"chaos-button-yellow", "ChaosYellowText", normal},
+    Text{"chaos-button-yellow-down", "ChaosYellowText", pressed},
+    Text{"modern-button", "buttonText", normal, focus},
+    Text{"modern-button-on", "buttonText", normal, focus},
+    Text{"modern-button-down", "Grey 70%", normal, focus},
+    Text{"modern-button-on-down", "buttonText", normal, focus},
+    Text{"retro-button", "buttonText", normal},
+    Text{"retro-button-down", "buttonText", normal},
+    Text{"settings-button", "buttonText", normal, focus},
+    Text{"settings-button-down", "buttonText", normal, focus},
 };
 
 class Bezels : public testing::TestWithParam<int> {};
@@ -270,7 +341,28 @@ TEST_P(Bezels, DifferInFormAndNotOnlyInColour) {
           Pair{"dwk-window-tab", "dwk-window-tab-selected"},
           Pair{"dwk-window-tab-selected", "dwk-window-tab-down"},
           Pair{"organiser-icon-disclose", "organiser-icon-disclose-open"},
-          Pair{"properties-table-add", "properties-table-add-down"}}) {
+          Pair{"properties-table-add", "properties-table-add-down"},
+          Pair{"chaos-button-grey-off", "chaos-button-grey-on-yellow"},
+          Pair{"chaos-button-grey-off", "chaos-button-grey-off-down"},
+          Pair{"chaos-button-grey-on-yellow", "chaos-button-grey-on-yellow-down"},
+          Pair{"chaos-button-grey-off-down", "chaos-button-grey-on-yellow-down"},
+          Pair{"chaos-button-narrow-grey-off", "chaos-button-narrow-grey-on-yellow"},
+          Pair{"chaos-button-narrow-grey-off", "chaos-button-narrow-grey-off-down"},
+          Pair{"chaos-button-narrow-grey-on-yellow", "chaos-button-narrow-grey-on-yellow-down"},
+          Pair{"chaos-button-narrow-grey-off-down", "chaos-button-narrow-grey-on-yellow-down"},
+          Pair{"chaos-button-small-yellow-left", "chaos-button-small-yellow-right"},
+          Pair{"chaos-button-small-yellow-left", "chaos-button-small-yellow-left-down"},
+          Pair{"chaos-button-small-yellow-right", "chaos-button-small-yellow-right-down"},
+          Pair{"chaos-button-yellow", "chaos-button-yellow-down"},
+          Pair{"modern-button", "modern-button-on"},
+          Pair{"modern-button", "modern-button-down"},
+          Pair{"modern-button-on", "modern-button-on-down"},
+          Pair{"modern-button-down", "modern-button-on-down"},
+          Pair{"retro-button", "modern-button-on"},
+          Pair{"retro-button", "retro-button-down"},
+          Pair{"settings-button", "settings-button-down"},
+          Pair{"hold-pad", "hold-pad-down"},
+          Pair{"die-button", "die-button-down"}}) {
         const auto a = onGround(bake(kitDrawing(one), GetParam()), "Background/Normal");
         const auto b = onGround(bake(kitDrawing(other), GetParam()), "Background/Normal");
         ASSERT_EQ(a.size(), b.size()) << one << " and " << other << " would make a control jump";
@@ -308,14 +400,14 @@ TEST(Knobs, TurnThroughTheirSweepUnderALightThatStays) {
         QPointF axis;
         double face; ///< the radius within the cap's rim, where the indicator is the brightest
     };
-    constexpr QPointF mediumAxis(34, 37);
+    constexpr QPointF mediumAxis(34, 28.5);
     const auto all = drawingsOf("Fernhorn_Fernhorn", fonts);
     for (const auto& [prefix, axis, face] :
-         {Strip{"chaos-dial-grey_", {28, 29}, 16.5}, Strip{"dial-medium-blue-", mediumAxis, 16.5},
-          Strip{"dial-medium-yellow-", mediumAxis, 16.5},
-          Strip{"dial-medium-red-", mediumAxis, 16.5},
-          Strip{"dial-medium-purple-", mediumAxis, 16.5},
-          Strip{"dial-small-grey-", {17, 17.5}, 9.5}}) {
+         {Strip{"chaos-dial-grey_", {28, 20.5}, 12}, Strip{"dial-medium-blue-", mediumAxis, 13.4},
+          Strip{"dial-medium-yellow-", mediumAxis, 13.4},
+          Strip{"dial-medium-red-", mediumAxis, 13.4},
+          Strip{"dial-medium-purple-", mediumAxis, 13.4},
+          Strip{"dial-small-grey-", {17, 20}, 11.6}}) {
         for (int frame = 1; frame <= 51; ++frame) {
             const auto name =
                 QStringLiteral("knobs/%1%2").arg(prefix).arg(frame, 2, 10, QChar('0'));
@@ -343,6 +435,34 @@ TEST(Knobs, TurnThroughTheirSweepUnderALightThatStays) {
             EXPECT_NEAR(angle, -135 + 5.4 * (frame - 1), 2.5);
             EXPECT_GT(upperLeft, 0) << "the light has moved";
         }
+    }
+}
+
+TEST_P(Bezels, NoiseTilesWithoutASeamAndFillsItsChannels) {
+    const auto image =
+        bake(kitDrawing("tern-noise"), GetParam()).convertToFormat(QImage::Format_RGBA8888);
+    const auto channel = [&](int x, int y, int which) -> int {
+        return image.constScanLine(y % image.height())[4 * (x % image.width()) + which];
+    };
+    for (int which = 0; which < 4; ++which) {
+        int lowest = 255;
+        int highest = 0;
+        int inside = 0;
+        int across = 0;
+        for (int i = 0; i < image.width(); ++i) {
+            for (int x = 0; x < image.width(); ++x) {
+                lowest = std::min(lowest, channel(x, i, which));
+                highest = std::max(highest, channel(x, i, which));
+                const int step =
+                    std::max(std::abs(channel(x + 1, i, which) - channel(x, i, which)),
+                             std::abs(channel(i, x + 1, which) - channel(i, x, which)));
+                auto& steepest = x + 1 == image.width() ? across : inside;
+                steepest = std::max(steepest, step);
+            }
+        }
+        EXPECT_LE(across, inside) << "a seam in channel " << which;
+        EXPECT_GE(highest - lowest, which == 3 ? 90 : 180);
+        EXPECT_GE(lowest, which == 3 ? 128 : 0) << "too thin to carry the other channels";
     }
 }
 

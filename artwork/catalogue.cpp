@@ -15,7 +15,10 @@ std::vector<Drawing> allDrawings(const QString& fonts) {
     addTabs(drawings);
     addTables(drawings);
     addCursors(drawings);
+    addChaosButtons(drawings);
+    addPluginButtons(drawings);
     addKnobs(drawings);
+    addTern(drawings);
     return drawings;
 }
 

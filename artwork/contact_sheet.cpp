@@ -40,6 +40,11 @@ void label(QPainter& painter, const QString& text, const QString& fonts, QPointF
 /// The colour of a label by the state in which the image is shown.
 QColor inkFor(const QString& name) {
     const bool pressed = name.endsWith("-down");
+    if (name.startsWith("chaos-")) {
+        return color(name.contains("button-yellow") ? "ChaosYellowText"
+                     : pressed                      ? "chaosToggleTextPressed"
+                                                    : "chaosToggleText");
+    }
     const bool on = name.endsWith("-selected") && !name.startsWith("dwk-window-tab");
     return color(pressed || on ? "Grey 50%" : "Grey 85%");
 }

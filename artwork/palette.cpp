@@ -24,6 +24,15 @@ constexpr std::array colors{
     NamedColor{fernhorn, "pluginRed", 0xffff4d6a},
     NamedColor{fernhorn, "pluginPurple", 0xff9a5cff},
     NamedColor{fernhorn, "tinyDialLabel", 0xff98969d},
+    NamedColor{fernhorn, "chaosToggleText", 0xffd8d6dc},
+    NamedColor{fernhorn, "chaosToggleTextPressed", 0xffa3a1a8},
+    NamedColor{fernhorn, "ChaosYellowText", 0xff2b2009},
+    NamedColor{fernhorn, "buttonText", 0xffd8d6dc},
+    NamedColor{fernhorn, "background", 0xff15111f},
+    NamedColor{fernhorn, "tabSelected", 0xffffffff},
+    NamedColor{fernhorn, "tabUnselected", 0xff98969d},
+    NamedColor{fernhorn, "versionInfo", 0xff8a8890},
+    NamedColor{fernhorn, "updateBackground", 0xff3fd0c9},
 
     NamedColor{driftwood, "Background/Darkest", 0xff18161d},
     NamedColor{driftwood, "Background/Darker", 0xff211f27},
@@ -47,6 +56,14 @@ constexpr std::array colors{
     NamedColor{driftwood, "Kestrel/Red", 0xffff4d6a},
     NamedColor{driftwood, "Kestrel/Yellow", 0xffffd35c},
 };
+
+/// A name that several bundles use means one colour, or drawings would have to say whose they mean.
+constexpr bool namesAgree() {
+    return std::ranges::all_of(colors, [](const NamedColor& one) {
+        return std::ranges::find(colors, one.name, &NamedColor::name)->rgb == one.rgb;
+    });
+}
+static_assert(namesAgree());
 
 } // namespace
 

@@ -74,15 +74,16 @@ void rim(Canvas& canvas, const QPainterPath& shape, double width, const QColor& 
     material::seam(canvas, shape, canvas.lineWidth(width), color);
 }
 
-void lamp(Canvas& canvas, const QRectF& bar, const QPainterPath& within, double glow) {
+void lamp(Canvas& canvas, const QRectF& bar, const QPainterPath& within, double glow,
+          const QColor& color) {
     const auto shape = barShape(canvas, bar);
     const auto room = canvas.mask(within);
     for (const double reach : {2.4, 1.2}) {
-        auto halo = light();
+        auto halo = color;
         halo.setAlphaF(static_cast<float>(glow));
         canvas.paint(canvas.softened(canvas.mask(shape), reach) * room, halo);
     }
-    canvas.fill(shape, light());
+    canvas.fill(shape, color);
 }
 
 void unlitLamp(Canvas& canvas, const QRectF& bar) {
@@ -129,6 +130,11 @@ Drawing sliced(const char* name, core::Size size, core::EdgeInsets caps,
 
 Drawing fixed(const char* name, core::Size size, std::function<void(Canvas&)> draw) {
     return {.bundle = bundle, .name = name, .size = size, .draw = std::move(draw)};
+}
+
+Drawing inPluginKit(Drawing drawing) {
+    drawing.bundle = "Fernhorn_Fernhorn";
+    return drawing;
 }
 
 } // namespace artwork::parts

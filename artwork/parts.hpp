@@ -29,7 +29,8 @@ void well(Canvas& canvas, const QPainterPath& shape);
 /// A rim of whole pixels just inside the edge.
 void rim(Canvas& canvas, const QPainterPath& shape, double width, const QColor& color);
 /// A level bar with round ends that glows, and the same bar unlit.
-void lamp(Canvas& canvas, const QRectF& bar, const QPainterPath& within, double glow = 0.5);
+void lamp(Canvas& canvas, const QRectF& bar, const QPainterPath& within, double glow = 0.5,
+          const QColor& color = light());
 void unlitLamp(Canvas& canvas, const QRectF& bar);
 /// A line with a soft shadow below it, so that it lies on its body.
 void glyph(Canvas& canvas, const QPainterPath& path, const QColor& color, double width);
@@ -44,5 +45,7 @@ enum class Direction { up, down, left, right };
                              std::function<void(Canvas&)> draw);
 /// An image of the control kit that is drawn at its own size.
 [[nodiscard]] Drawing fixed(const char* name, core::Size size, std::function<void(Canvas&)> draw);
+/// The same image in the bundle of the plug-in kit.
+[[nodiscard]] Drawing inPluginKit(Drawing drawing);
 
 } // namespace artwork::parts

@@ -59,3 +59,13 @@ function(larkvox_add_test name)
                          ENVIRONMENT "${environment};${CMAKE_MATCH_2}")
   endforeach()
 endfunction()
+
+# larkvox_add_at_spi_test(NAME SCRIPT PROGRAM): looks at a program over the accessibility bus, with a
+# display and a bus of its own. The bindings are for the system's Python; scripts share at_spi.py.
+function(larkvox_add_at_spi_test name script program)
+  add_test(NAME ${name}
+    COMMAND xvfb-run -a -s "-screen 0 800x600x24 -noreset" dbus-run-session --
+            /usr/bin/python3 -B "${CMAKE_CURRENT_SOURCE_DIR}/${script}" $<TARGET_FILE:${program}>)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 120
+    ENVIRONMENT "LC_ALL=C.UTF-8;LSAN_OPTIONS=detect_leaks=0;PYTHONPATH=${PROJECT_SOURCE_DIR}/platform/testing")
+endfunction()

@@ -1,6 +1,7 @@
 #include "gallery/gallery_window.hpp"
 
 #include "gallery/parts.hpp"
+#include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/system_font.hpp"
 
 #include <QHBoxLayout>
@@ -14,7 +15,6 @@ namespace gallery {
 namespace {
 
 constexpr int listWidth = 216;
-constexpr int pageWidth = 824;
 constexpr int rowHeight = 28;
 
 /// Draws names of pages, and the headings of their groups, which cannot be chosen.
@@ -58,7 +58,7 @@ class RowDelegate final : public QStyledItemDelegate {
 
 QWidget* makePage(const Page& page) {
     auto* const view = new QWidget;
-    view->setFixedWidth(pageWidth);
+    view->setFixedWidth(page.width);
     auto* const column = new QVBoxLayout(view);
     column->setContentsMargins(32, 28, 32, 32);
     column->setSpacing(16);
@@ -76,6 +76,7 @@ QWidget* makePage(const Page& page) {
 
 GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) {
     setWindowTitle(QStringLiteral("Gallery"));
+    platform::GpuHost::install(*this);
     QPalette palette = this->palette();
     palette.setColor(QPalette::Window, kitColor("Background/Darker"));
     palette.setColor(QPalette::Base, kitColor("Background/Darkest"));
@@ -103,7 +104,6 @@ GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) 
     });
 
     area_->setFrameShape(QFrame::NoFrame);
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // pages have one width
     area_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -111,7 +111,7 @@ GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) 
     row->addWidget(list_);
     row->addWidget(area_, 1);
     show(pages().front());
-    resize(listWidth + pageWidth + 16, 780);
+    resize(wholePageSize().width() + 16, 780);
 }
 
 void GalleryWindow::show(const Page& page) {
@@ -123,7 +123,7 @@ void GalleryWindow::show(const Page& page) {
 }
 
 QSize GalleryWindow::wholePageSize() const {
-    return {listWidth + pageWidth,
+    return {listWidth + area_->widget()->width(),
             std::max(area_->widget()->sizeHint().height(), list_->count() * rowHeight + 60)};
 }
 

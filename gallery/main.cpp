@@ -1,15 +1,21 @@
 // gallery                     shows the pages
 // gallery --list              prints their names
 // gallery --shot PAGE FILE    writes a picture of a page; QT_SCALE_FACTOR chooses its scale
+// The GPU's part is in a picture only where there is a screen. With --vulkan in front it draws
+// through Vulkan and nothing else.
 
 #include "app/larkvox_app.hpp"
 #include "driftwood/bridges/bundle_asset_source.hpp"
 #include "gallery/gallery_window.hpp"
 #include "platform/assets/bundle.hpp"
+#include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/appearance.hpp"
+#include "platform/ui/main_queue_driver.hpp"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QPixmap>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -28,10 +34,15 @@ int shoot(gallery::GalleryWindow& window, const QString& name, const QString& fi
         return fail("there is no page of that name");
     }
     window.show(*page);
-    window.setAttribute(Qt::WA_DontShowOnScreen); // laid out and painted, but nobody sees it
+    if (platform::GpuDevice::systemDefault() == nullptr) {
+        window.setAttribute(Qt::WA_DontShowOnScreen); // laid out and painted, but nobody sees it
+    }
     window.QWidget::show();
     window.resize(window.wholePageSize());
-    QCoreApplication::processEvents();
+    QApplication::setActiveWindow(&window);
+    QEventLoop loop;
+    QTimer::singleShot(page->settlingTime, &loop, &QEventLoop::quit);
+    loop.exec();
     return window.grab().save(file) ? 0 : fail("the picture cannot be written");
 }
 
@@ -46,8 +57,12 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("gallery"));
     platform::setAppearance(application, platform::Appearance::darkAqua);
     driftwood::installKitAssets();
+    const platform::MainQueueDriver driver;
 
-    const QStringList arguments = QApplication::arguments();
+    QStringList arguments = QApplication::arguments();
+    if (arguments.removeAll(QStringLiteral("--vulkan")) > 0) {
+        platform::GpuDevice::setSystemApi(platform::GpuApi::vulkan);
+    }
     if (arguments.value(1) == QStringLiteral("--list")) {
         for (const gallery::Page& page : gallery::pages()) {
             std::printf("%s\n", qPrintable(page.identifier));
@@ -59,7 +74,7 @@ int main(int argc, char** argv) {
         return shoot(window, arguments[2], arguments[3]);
     }
     if (arguments.size() > 1) {
-        return fail("usage: gallery [--list | --shot PAGE FILE]");
+        return fail("usage: gallery [--vulkan] [--list | --shot PAGE FILE]");
     }
     window.QWidget::show();
     return QApplication::exec();

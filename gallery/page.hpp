@@ -17,6 +17,8 @@ struct Page {
     QString title;
     QString summary;                     ///< one sentence
     std::function<void(QWidget&)> build; ///< puts the content into the widget, which has a column
+    int width = 824;                     ///< points, with margins of 32 at both sides
+    int settlingTime = 0;                ///< ms until a page that moves is worth a picture
 };
 
 /// All pages, in the order of the list.

@@ -1,5 +1,7 @@
 #include "gallery/driftwood/driftwood_pages.hpp"
+#include "gallery/fernhorn/fernhorn_pages.hpp"
 #include "gallery/page.hpp"
+#include "gallery/shaders/shader_pages.hpp"
 #include "gallery/updates/update_pages.hpp"
 
 namespace gallery {
@@ -7,7 +9,9 @@ namespace gallery {
 const std::vector<Page>& pages() {
     static const std::vector<Page> all = [] {
         std::vector<Page> made;
+        addFernhornPages(made);
         addDriftwoodButtonPages(made);
+        addShaderPages(made);
         addUpdatePages(made);
         return made;
     }();

@@ -17,7 +17,7 @@ QLabel* makeLabel(const QString& text, double size, const char* color,
                   QFont::Weight weight = QFont::Normal);
 
 /// A quiet panel that holds what belongs together, with its heading above the content.
-class Card final : public QWidget {
+class Card : public QWidget {
   public:
     explicit Card(const QString& heading);
 

@@ -12,18 +12,17 @@ namespace kestrel {
 using RandomSource = std::function<std::uint32_t()>;
 std::uint32_t systemRandom();
 
+/// The std140 block that the general renderer's fragment functions get.
+struct MetalShaderUniforms {
+    QuadRenderer::ViewSize resolution; ///< pixels
+    std::uint32_t seed;
+    float time; ///< seconds, folded after 4096
+};
+
 /// The general renderer: any fragment function that needs nothing but the drawable's resolution, a
 /// seed drawn at creation, and the time.
-class MetalShaderRenderer final : public QuadRenderer {
+class MetalShaderRenderer final : public UniformRenderer<MetalShaderUniforms> {
   public:
-    /// The std140 block that the fragment function gets.
-    struct Uniforms {
-        ViewSize resolution; ///< pixels
-        std::uint32_t seed;
-        float time; ///< seconds
-    };
-    static_assert(sizeof(Uniforms) == 16);
-
     /// The functions are looked up by name in this library's bundle. Throws as `QuadRenderer`
     /// does.
     MetalShaderRenderer(platform::GpuView& view, const QString& name,
@@ -34,13 +33,11 @@ class MetalShaderRenderer final : public QuadRenderer {
     [[nodiscard]] const QString& name() const { return name_; }
     [[nodiscard]] std::uint32_t seed() const { return seed_; }
 
-  protected:
-    std::span<const std::byte> uniforms() override;
+    [[nodiscard]] Uniforms uniforms() const override { return {viewSize(), seed_, time()}; }
 
   private:
     QString name_;
     std::uint32_t seed_;
-    Uniforms uniforms_{};
 };
 
 } // namespace kestrel

@@ -46,7 +46,13 @@ TEST(MetalShaderRenderer, TakesFinishedPausesOffTheTime) {
               {{1, Step::pause}, {2, Step::resume}, {5, Step::pause}, {9, Step::resume}},
               16,
               11},
-             {"the time goes on while it pauses", {{10, Step::pause}}, 12, 12}}) {
+             {"the time goes on while it pauses", {{10, Step::pause}}, 12, 12},
+             {"is folded", {}, 3 * 4096 + 5.25, 5.25},
+             {"is folded after pauses are off",
+              {{90, Step::pause}, {95, Step::resume}},
+              4100,
+              4095},
+             {"after many days", {}, 1e6 + 1.0 / 64, 576 + 1.0F / 64}}) {
         Scene scene;
         for (const Step& step : test.steps) {
             scene.clock.set(Seconds(step.at));

@@ -6,7 +6,7 @@ MetalShaderViewController::MetalShaderViewController(QWidget* view, const QStrin
                                                      const QString& vertxShaderName,
                                                      const QString& fragmentShaderName,
                                                      const core::Clock& clock)
-    : ShaderViewController(view, clock),
+    : RendererHost(view, clock),
       rendererName_(rendererName),
       vertxShaderName_(vertxShaderName),
       fragmentShaderName_(fragmentShaderName) {}

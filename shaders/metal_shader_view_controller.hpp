@@ -8,7 +8,7 @@
 namespace kestrel {
 
 /// Shows a `MetalShaderRenderer` with two functions of this library's bundle in a container view.
-class MetalShaderViewController final : public ShaderViewController {
+class MetalShaderViewController final : public RendererHost<MetalShaderRenderer> {
     Q_OBJECT
 
   public:
@@ -17,10 +17,6 @@ class MetalShaderViewController final : public ShaderViewController {
                               const QString& vertxShaderName, const QString& fragmentShaderName,
                               const core::Clock& clock = core::Clock::system());
 
-    /// Null before the view has appeared, after it has disappeared, and when it could not be made.
-    [[nodiscard]] MetalShaderRenderer* renderer() const {
-        return static_cast<MetalShaderRenderer*>(quadRenderer());
-    }
     [[nodiscard]] const QString& rendererName() const { return rendererName_; }
     [[nodiscard]] const QString& vertxShaderName() const { return vertxShaderName_; }
     [[nodiscard]] const QString& fragmentShaderName() const { return fragmentShaderName_; }

@@ -2,8 +2,11 @@
 
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/testing/window_testing.hpp"
+#include "shaders/about_sample_view.hpp"
+#include "shaders/about_shader_view_controller.hpp"
 #include "shaders/content_view_shader.hpp"
 #include "shaders/metal_shader_view_controller.hpp"
+#include "shaders/supporter_shader_view_controller.hpp"
 
 #include <gtest/gtest.h>
 
@@ -37,6 +40,25 @@ TEST(NoDevice, LeavesTheGroundEmpty) {
         window.close();
         EXPECT_EQ(visual->controller().metalKitView(), nullptr);
     }
+}
+
+TEST(NoDevice, LeavesTheOtherVisualsEmpty) {
+    QWidget window;
+    window.resize(200, 150);
+    auto* const sample = new AboutSampleView;
+    sample->setParent(&window);
+    auto* const about = new AboutShaderViewController(new QWidget(&window));
+    auto* const supporter = new SupporterShaderViewController(new QWidget(&window), {});
+    platform::testing::showActive(window);
+    platform::testing::runFor(50);
+    EXPECT_EQ(sample->renderer(), nullptr);
+    EXPECT_EQ(about->renderer(), nullptr);
+    EXPECT_EQ(supporter->renderer(), nullptr);
+    EXPECT_NE(supporter->metalKitView(), nullptr);
+    supporter->switchOn(1);
+    supporter->switchUp(7);
+    supporter->setInitialButtonStates(true, false, false, false, false, false);
+    EXPECT_TRUE(supporter->switchOnStateToSetOnAppear());
 }
 
 } // namespace

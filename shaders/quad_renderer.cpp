@@ -15,23 +15,33 @@ double secondsBetween(core::Instant from, core::Instant to) {
     return std::abs((to - from).count());
 }
 
+std::optional<platform::ShaderFunction> findFunction(const QString& name,
+                                                     const platform::Bundle* first) {
+    std::optional<platform::ShaderFunction> function;
+    if (first != nullptr) {
+        function = platform::ShaderLibrary(*first).function(name);
+    }
+    return function ? function : platform::ShaderLibrary(resourceBundle()).function(name);
+}
+
 } // namespace
 
 QuadRenderer::QuadRenderer(platform::GpuView& view, RendererDescription description,
-                           const core::Clock& clock)
+                           std::size_t uniformSize, const core::Clock& clock)
     : clock_(clock),
       device_(view.device()),
-      commandBufferLabel_(std::move(description.commandBufferLabel)) {
+      commandBufferLabel_(std::move(description.commandBufferLabel)),
+      renderEncoderLabel_(std::move(description.renderEncoderLabel)),
+      period_(description.period) {
     if (device_ == nullptr) {
         throw RendererError(RendererError::Case::noValidDevice);
     }
-    const platform::ShaderLibrary library(resourceBundle());
     pipelineState_ = std::make_unique<platform::QuadPipeline>(
-        view,
-        platform::QuadPipelineDescriptor{std::move(description.pipelineLabel),
-                                         library.function(description.vertexFunctionName),
-                                         library.function(description.fragmentFunctionName),
-                                         description.uniformSize, std::move(description.textures)});
+        view, platform::QuadPipelineDescriptor{
+                  std::move(description.pipelineLabel),
+                  findFunction(description.vertexFunctionName, description.bundle),
+                  findFunction(description.fragmentFunctionName, description.bundle), uniformSize,
+                  std::move(description.textures)});
     drawableSizeWillChange(view, view.drawableSize());
     startTime_ = clock_.now();
 }
@@ -43,8 +53,17 @@ void QuadRenderer::resume() {
     pauseTime.reset();
 }
 
+double QuadRenderer::elapsedTime() const {
+    return secondsBetween(startTime_, clock_.now()) - pausedTime_;
+}
+
 float QuadRenderer::time() const {
-    return static_cast<float>(secondsBetween(startTime_, clock_.now()) - pausedTime_);
+    const double elapsed = elapsedTime();
+    return static_cast<float>(elapsed - wholePeriods(elapsed));
+}
+
+double QuadRenderer::wholePeriods(double elapsed) const {
+    return period_ > 0 ? period_ * std::floor(elapsed / period_) : 0;
 }
 
 QuadRenderer::ViewSize QuadRenderer::viewSize() const {
@@ -59,8 +78,9 @@ void QuadRenderer::drawableSizeWillChange(platform::GpuView& view, QSize pixels)
 
 void QuadRenderer::draw(platform::GpuView& view) {
     Q_ASSERT(view.thread() == QThread::currentThread());
-    if (platform::GpuRenderPass* const pass = view.beginRenderPass(commandBufferLabel_)) {
-        pipelineState_->draw(*pass, viewport_, uniforms());
+    if (platform::GpuRenderPass* const pass =
+            view.beginRenderPass(commandBufferLabel_, renderEncoderLabel_)) {
+        pipelineState_->draw(*pass, viewport_, uniformBytes());
     }
 }
 

@@ -54,4 +54,15 @@ class ShaderViewController : public platform::ViewController {
     core::Subscription resigningKey_;
 };
 
+/// A host that knows which renderer it makes.
+template<class Renderer>
+class RendererHost : public ShaderViewController {
+  public:
+    /// Null before the view has appeared, after it has disappeared, and when it could not be made.
+    [[nodiscard]] Renderer* renderer() const { return static_cast<Renderer*>(quadRenderer()); }
+
+  protected:
+    using ShaderViewController::ShaderViewController;
+};
+
 } // namespace kestrel

@@ -10,6 +10,34 @@
     </message>
 </context>
 <context>
+    <name>fernhorn::LeftRightArrowButton</name>
+    <message>
+        <source>Left</source>
+        <extracomment>Which way an arrow button points</extracomment>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <extracomment>Which way an arrow button points</extracomment>
+        <translation>Rechts</translation>
+    </message>
+</context>
+<context>
+    <name>fernhorn::LogoButton</name>
+    <message>
+        <source>The maker&apos;s website</source>
+        <translation>Website des Herstellers</translation>
+    </message>
+</context>
+<context>
+    <name>fernhorn::PluginHeaderView</name>
+    <message>
+        <source>%1 Available</source>
+        <extracomment>A button that leads to an update; %1 is the version, such as 1.2.0</extracomment>
+        <translation>%1 verfügbar</translation>
+    </message>
+</context>
+<context>
     <name>larkvox::ContentView</name>
     <message>
         <source>%1 is now available as an Audio Unit.</source>

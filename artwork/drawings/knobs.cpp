@@ -16,6 +16,10 @@ constexpr int frames = 51;
 constexpr double sweep = 270; ///< degrees; the middle frame points up
 constexpr double pi = 3.141592653589793;
 
+// A dial lays its value over the frame: over the middle of a small one, and 16 points below the
+// middle of the others. So the knobs stand in the upper part of their frames, and the small one
+// has a window for the value in the middle of its cap.
+
 /// A kind of knob. Lengths are in points, `center` is the axis.
 struct Knob {
     core::Size size;
@@ -23,8 +27,10 @@ struct Knob {
     double skirt;   ///< radius of the whole body
     double cap;     ///< radius of the part that stands out of it
     double pointer; ///< width of the indicator
+    double inner;   ///< where the indicator begins, as a part of the cap's radius
     int ridges;     ///< around the skirt, to grip
     double arc;     ///< radius of the ring that shows the value; 0: none
+    double window;  ///< radius of the window in the cap; 0: none
     QColor light;
 };
 
@@ -75,6 +81,14 @@ void drawStill(Canvas& canvas, const Knob& knob) {
         canvas.stroke(track, color("Background/Darkest"), 3);
         canvas.stroke(track, grey(1, 0.12), 2);
     }
+    if (knob.arc == 0) {
+        // Without a ring, marks show where the sweep begins, its middle and its end.
+        for (const double at : {-sweep / 2, 0.0, sweep / 2}) {
+            canvas.fill(
+                parts::disc(onCircle(knob, knob.skirt + knob.cap * 0.11, at), knob.pointer * 0.34),
+                grey(1, 0.3));
+        }
+    }
     material::castShadow(canvas, skirt, knob.skirt * 0.17, 0.6);
     material::castShadow(canvas, skirt, knob.skirt * 0.06, 0.7);
     material::body(canvas, skirt, color("Grey 20%"), color("Background/Darkest"));
@@ -95,7 +109,14 @@ void drawStillCap(Canvas& canvas, const Knob& knob) {
     gradient.setColorAt(0, violet(mixed(color("Grey 30%"), color("Grey 40%"), 0.1)));
     gradient.setColorAt(0.55, violet(mixed(color("Grey 20%"), color("Grey 30%"), 0.4)));
     gradient.setColorAt(1, violet(color("Grey 20%")));
-    canvas.fill(cap, gradient);
+    // The edge is bevelled: towards the light it is brighter than the face, away from it darker.
+    QLinearGradient bevel(gradient.start(), gradient.finalStop());
+    bevel.setColorAt(0, violet(color("Grey 40%")));
+    bevel.setColorAt(0.5, violet(color("Grey 20%")));
+    bevel.setColorAt(1, color("Background/Darkest"));
+    canvas.fill(cap, bevel);
+    const auto face = parts::disc(knob.center, knob.cap - knob.cap * 0.075);
+    canvas.fill(face, gradient);
     // Turned on a lathe: the sheen lies across the grooves.
     QConicalGradient sheen(knob.center, 125);
     for (const double at : {0.0, 0.5, 1.0}) {
@@ -104,9 +125,13 @@ void drawStillCap(Canvas& canvas, const Knob& knob) {
     for (const double at : {0.16, 0.34, 0.66, 0.84}) {
         sheen.setColorAt(at, grey(1, 0));
     }
-    canvas.fill(cap, sheen);
+    canvas.fill(face, sheen);
     material::rimShade(canvas, cap, canvas.lineWidth(0.7), 0.35);
     material::rimLight(canvas, cap, canvas.lineWidth(0.7), 0.3);
+    if (knob.window > 0) {
+        parts::sunk(canvas, parts::disc(knob.center, knob.window), 2.2,
+                    {color("background"), color("Background/Darkest")});
+    }
 }
 
 /// The ridges turn with the body; each catches as much light as it faces at that moment.
@@ -131,8 +156,8 @@ void drawRidges(Canvas& canvas, const Knob& knob, double turn) {
 
 void drawPointer(Canvas& canvas, const Knob& knob, double turn) {
     QPainterPath line;
-    line.moveTo(onCircle(knob, knob.cap * 0.46, turn));
-    line.lineTo(onCircle(knob, knob.cap * 0.88, turn));
+    line.moveTo(onCircle(knob, knob.cap * knob.inner, turn));
+    line.lineTo(onCircle(knob, knob.cap - knob.pointer * 0.9, turn));
     canvas.stroke(line, grey(0, 0.5), knob.pointer + 1.2); // a slot that it lies in
     glowingLine(canvas, line, mixed(knob.light, Qt::white, 0.28), knob.pointer, knob.pointer * 1.1);
 }
@@ -190,10 +215,10 @@ void addStrip(std::vector<Drawing>& drawings, const QString& prefix, const Knob&
 
 void addKnobs(std::vector<Drawing>& drawings) {
     addStrip(drawings, "knobs/chaos-dial-grey_",
-             {{56, 64}, {28, 29}, 24, 18.5, 2.4, 24, 0, color("Grey 100%")});
+             {{56, 64}, {28, 20.5}, 18, 13.8, 2.4, 0.4, 22, 0, 0, color("Grey 100%")});
     addStrip(drawings, "knobs/dial-small-grey-",
-             {{34, 40}, {17, 17.5}, 14.5, 11, 2, 18, 0, color("Kestrel/Aqua")});
-    const Knob medium{{68, 84}, {34, 37}, 24.5, 18.5, 2.6, 24, 30.5, {}};
+             {{34, 40}, {17, 20}, 13.4, 12.8, 1.8, 0.8, 0, 15.8, 9.2, color("Kestrel/Aqua")});
+    const Knob medium{{68, 84}, {34, 28.5}, 20, 15.2, 2.5, 0.4, 24, 25.8, 0, {}};
     struct Variant {
         const char* name;
         const char* color;

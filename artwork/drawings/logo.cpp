@@ -1,5 +1,6 @@
 #include "artwork/canvas.hpp"
 #include "artwork/catalogue.hpp"
+#include "artwork/palette.hpp"
 #include "artwork/typeface.hpp"
 
 #include <QTransform>
@@ -8,7 +9,17 @@ namespace artwork {
 
 namespace {
 
-constexpr core::Size size{117, 30};
+/// Where the parts of the logo stand, in points.
+struct Layout {
+    core::Size size;
+    QPointF nose; ///< of the fox
+    double foxScale;
+    QPointF word;        ///< where its first letter begins, on the line it stands on
+    double letterHeight; ///< of lower-case letters; whole, as the line is, to be crisp at 1x
+};
+
+constexpr Layout windowLayout{{117, 30}, {16, 28}, 0.96, {37, 22}, 12};
+constexpr Layout headerLayout{{100, 30}, {14, 26}, 0.82, {32, 20}, 10};
 
 /// Curves that form one half of the fox, left of x = 0, and their mirror image.
 QPainterPath mirrored(const QPainterPath& half) {
@@ -51,27 +62,33 @@ QPainterPath fox() {
     return large.inverted().map(cut);
 }
 
-void drawLogo(Canvas& canvas, const QString& fonts) {
+void drawLogo(Canvas& canvas, const QString& fonts, const Layout& layout, const QColor& ink) {
     canvas.painter().save();
-    canvas.painter().translate(16, 28);
-    canvas.painter().scale(0.96, 0.96);
-    canvas.fill(fox(), Qt::black);
+    canvas.painter().translate(layout.nose);
+    canvas.painter().scale(layout.foxScale, layout.foxScale);
+    canvas.fill(fox(), ink);
     canvas.painter().restore();
 
-    // The lower-case letters are 12 points high and stand on a whole point, to be crisp at 1x.
-    constexpr double letterSize = 12 / 0.545;
+    const double letterSize = layout.letterHeight / 0.545;
     const auto word = outlineOf("fennick", fonts + "/FennickRounded-Bold.ttf", letterSize, 0.15);
-    canvas.fill(word.path.translated(37, 22), Qt::black);
+    canvas.fill(word.path.translated(layout.word), ink);
 }
 
 } // namespace
 
 void addLogo(std::vector<Drawing>& drawings, const QString& fonts) {
-    drawings.push_back({.bundle = "Driftwood_Driftwood",
-                        .name = "window-fennick",
-                        .size = size,
-                        .isTemplate = true,
-                        .draw = [fonts](Canvas& canvas) { drawLogo(canvas, fonts); }});
+    drawings.push_back(
+        {.bundle = "Driftwood_Driftwood",
+         .name = "window-fennick",
+         .size = windowLayout.size,
+         .isTemplate = true,
+         .draw = [fonts](Canvas& canvas) { drawLogo(canvas, fonts, windowLayout, Qt::black); }});
+    drawings.push_back({.bundle = "Fernhorn_Fernhorn",
+                        .name = "fennick-logo",
+                        .size = headerLayout.size,
+                        .draw = [fonts](Canvas& canvas) {
+                            drawLogo(canvas, fonts, headerLayout, color("Grey 85%"));
+                        }});
 }
 
 } // namespace artwork

@@ -1,15 +1,18 @@
-// What a frame of the waveform costs the processor apart from the GPU's driver: on the null device,
+// What a frame of each visual costs the processor apart from the GPU's driver: on the null device,
 // through the whole path of a frame, with every heap allocation counted.
 
 #include "bench/figure.hpp"
 #include "platform/gpu/gpu_view.hpp"
+#include "shaders/about_renderer.hpp"
 #include "shaders/metal_shader_renderer.hpp"
+#include "shaders/supporter_shader_renderer.hpp"
 
 #include <QApplication>
 
 #include <atomic>
 #include <cstdlib>
 #include <ctime>
+#include <string>
 
 namespace {
 
@@ -42,22 +45,25 @@ __attribute__((visibility("default"))) void* realloc(void* block, std::size_t si
 }
 }
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    platform::GpuView view(nullptr, platform::GpuDevice::headless(platform::GpuApi::null));
-    view.resize(400, 300);
-    kestrel::MetalShaderRenderer renderer(view, QStringLiteral("Main"),
-                                          QStringLiteral("audioWaveformVertexShader"),
-                                          QStringLiteral("audioWaveformFragmentShader"));
+namespace {
+
+struct Cost {
+    double microseconds;
+    double allocations;
+};
+
+/// Of one frame, in the middle of many.
+Cost costOf(platform::GpuView& view, kestrel::QuadRenderer& renderer) {
     view.setDelegate(&renderer);
     constexpr int warmUp = 100;
     constexpr int frames = 20'000;
     for (int i = 0; i < warmUp; ++i) {
         if (!view.drawNow()) {
             std::fprintf(stderr, "the null device does not draw\n");
-            return 1;
+            std::exit(1);
         }
     }
+    const long framesBefore = view.frameCount();
     const long allocationsBefore = allocations;
     const double before = processorMicroseconds();
     for (int i = 0; i < frames; ++i) {
@@ -65,8 +71,39 @@ int main(int argc, char** argv) {
     }
     const double after = processorMicroseconds();
     const long counted = allocations - allocationsBefore;
-    bench::figure("frame_cpu_us", (after - before) / frames, "us");
-    bench::figure("frame_allocations", static_cast<double>(counted) / frames, "allocations");
+    if (view.frameCount() - framesBefore != frames) {
+        std::fprintf(stderr, "frames were skipped\n");
+        std::exit(1);
+    }
     view.setDelegate(nullptr);
+    return {(after - before) / frames, static_cast<double>(counted) / frames};
+}
+
+void report(const std::string& visual, const Cost& cost) {
+    bench::figure(("visual_frame_cpu_us_" + visual).c_str(), cost.microseconds, "us");
+    bench::figure(("visual_allocations_" + visual).c_str(), cost.allocations, "allocations");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    platform::GpuView view(nullptr, platform::GpuDevice::headless(platform::GpuApi::null));
+    view.resize(400, 300);
+
+    kestrel::MetalShaderRenderer waveform(view, QStringLiteral("Main"),
+                                          QStringLiteral("audioWaveformVertexShader"),
+                                          QStringLiteral("audioWaveformFragmentShader"));
+    const Cost cost = costOf(view, waveform);
+    bench::figure("frame_cpu_us", cost.microseconds, "us");
+    bench::figure("frame_allocations", cost.allocations, "allocations");
+    report("waveform", cost);
+
+    kestrel::AboutRenderer about(view);
+    report("about", costOf(view, about));
+
+    kestrel::SupporterShaderRenderer supporter(view, QStringLiteral("Supporter"));
+    supporter.recordSwitchEvent(2);
+    report("supporter", costOf(view, supporter));
     return 0;
 }

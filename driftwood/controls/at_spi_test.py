@@ -1,54 +1,12 @@
 """What a screen reader sees of the buttons, over the real accessibility bus.
 
-Usage: at_spi_test.py SAMPLE. Runs inside of an X server and a session bus of its own.
+Usage: at_spi_test.py SAMPLE.
 """
-import os
-import subprocess
-import sys
-import time
-
 import pyatspi
-from gi.repository import GLib
 from pyatspi import (STATE_CHECKED, STATE_ENABLED, STATE_FOCUSABLE, STATE_INDETERMINATE,
                      STATE_SENSITIVE)
 
-
-def wait(what, seconds=20):
-    """The first result that counts, of a function that may still fail."""
-    end = time.monotonic() + seconds
-    error = None
-    while time.monotonic() < end:
-        try:
-            result = what()
-            if result:
-                return result
-        except Exception as caught:  # the tree is still being built
-            error = caught
-        # What is known of other programs changes only while events are heard.
-        while GLib.MainContext.default().iteration(False):
-            pass
-        time.sleep(0.1)
-    raise AssertionError(f"did not happen in time; last: {error}")
-
-
-def application():
-    apps = pyatspi.Registry.getDesktop(0)
-    return next((app for app in apps if app and app.name == "at_spi_sample"), None)
-
-
-def find(root, name):
-    return pyatspi.findDescendant(root, lambda node: node.name == name)
-
-
-def do(node, name):
-    action = node.queryAction()
-    names = [action.getName(i) for i in range(action.nActions)]
-    assert name in names, f"{node.name} has only {names}"
-    action.doAction(names.index(name))
-
-
-def states(node):
-    return set(node.getState().getStates())
+from at_spi import do, find, run, states, wait
 
 
 def check(root):
@@ -74,18 +32,4 @@ def check(root):
     wait(lambda: find(root, "Menu opened"))
 
 
-def main():
-    environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
-    # The session bus starts the accessibility bus when it is first asked for. A launcher of our own
-    # would race with that, and the two sides would now and then be on different ones.
-    sample = subprocess.Popen([sys.argv[1]], env=environment)
-    try:
-        root = wait(application)
-        wait(lambda: find(root, "Press me"))
-        check(root)
-    finally:
-        sample.terminate()
-        sample.wait()
-
-
-main()
+run("at_spi_sample", "Press me", check)

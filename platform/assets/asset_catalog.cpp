@@ -62,6 +62,14 @@ const QImage& ImageAsset::image(qreal devicePixelRatio) const {
     return prepared_.emplace(key, std::move(image)).first->second;
 }
 
+std::size_t ImageAsset::pixelBytes() const {
+    std::size_t sum = 0;
+    for (const auto& [ratio, image] : prepared_) {
+        sum += static_cast<std::size_t>(image.sizeInBytes());
+    }
+    return sum;
+}
+
 AssetCatalog::AssetCatalog(const QDir& bundle) : bundle_(bundle), manifest_(readManifest(bundle)) {}
 
 const ImageAsset* AssetCatalog::image(const QString& name) const {

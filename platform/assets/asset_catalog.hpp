@@ -32,6 +32,9 @@ class ImageAsset {
     /// null image when the file cannot be read.
     [[nodiscard]] const QImage& image(qreal devicePixelRatio) const;
 
+    /// The memory of the pixels prepared by now, in bytes.
+    [[nodiscard]] std::size_t pixelBytes() const;
+
   private:
     QDir bundle_;
     std::map<int, std::string> variants_;

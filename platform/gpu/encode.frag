@@ -2,7 +2,8 @@
 
 // Encodes the linear drawable for an 8-bit sRGB screen: lays the premultiplied light over the
 // ground, clips to what the screen can show, applies the transfer function of IEC 61966-2-1, and
-// adds a fixed pattern of less than half a step, so that slow gradients do not band.
+// adds a fixed pattern of less than half a step, so that slow gradients do not band. What a shader
+// has changed gets no pattern: it is to look like the widgets that the same shader changes.
 
 layout(location = 0) out vec4 encoded;
 
@@ -12,6 +13,7 @@ layout(std140, binding = 0) uniform Encoding {
     vec4 toScreenBlue;
     vec4 groundLinear;
     vec4 groundEncoded;
+    float patternSize;   // in 8-bit steps
     float flippedHeight; // the drawable's height where its rows run the other way, else 0
 };
 layout(binding = 1) uniform sampler2D drawable;
@@ -38,5 +40,5 @@ void main() {
     linear = clamp(linear, 0.0, 1.0);
     vec3 curve = 1.055 * pow(max(linear, vec3(1e-6)), vec3(1.0 / 2.4)) - 0.055;
     vec3 code = mix(curve, linear * 12.92, lessThanEqual(linear, vec3(0.0031308)));
-    encoded = vec4(code + pattern(gl_FragCoord.xy) * (0.98 / 255.0), 1.0);
+    encoded = vec4(code + pattern(gl_FragCoord.xy) * (patternSize / 255.0), 1.0);
 }

@@ -133,6 +133,16 @@ void GpuView::setColorSpace(DrawableColorSpace colorSpace) {
     }
 }
 
+void GpuView::setShader(std::optional<Shader> shader) {
+    if (shader_ != shader) {
+        shader_ = std::move(shader);
+        if (objects_ != nullptr) {
+            objects_->setShader(shader_);
+        }
+        setNeedsDisplay();
+    }
+}
+
 void GpuView::setPreferredFramesPerSecond(int framesPerSecond) {
     pacer_.setFramesPerSecond(framesPerSecond);
 }
@@ -182,6 +192,7 @@ bool GpuView::ensureObjects(QRhi* rhi) {
     }
     if (objects_ == nullptr) {
         objects_ = std::make_unique<Objects>(rhi);
+        objects_->setShader(shader_);
         // The device may go away under us, with its window.
         rhi->addCleanupCallback([view = QPointer(this)](QRhi* gone) {
             if (view != nullptr && view->objects_ != nullptr && view->objects_->rhi() == gone) {
@@ -314,9 +325,12 @@ void GpuView::replaceDevice() {
     }
 }
 
-GpuRenderPass* GpuView::beginRenderPass(const QByteArray& commandBufferLabel) {
+GpuRenderPass* GpuView::beginRenderPass(const QByteArray& commandBufferLabel,
+                                        const QByteArray& renderEncoderLabel) {
     commandBufferLabel_ = commandBufferLabel;
-    return objects_ != nullptr ? objects_->beginPass(commandBufferLabel_) : nullptr;
+    renderEncoderLabel_ = renderEncoderLabel;
+    return objects_ != nullptr ? objects_->beginPass(commandBufferLabel, renderEncoderLabel)
+                               : nullptr;
 }
 
 QImage GpuView::grabFramebuffer() {

@@ -2,6 +2,7 @@
 
 #include "platform/gpu/frame_pacer.hpp"
 #include "platform/gpu/gpu_device.hpp"
+#include "platform/gpu/shader.hpp"
 
 #include <QColor>
 #include <QImage>
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QBackingStore;
@@ -89,6 +91,11 @@ class GpuView : public QWidget {
 
     void setColorSpace(DrawableColorSpace colorSpace);
     [[nodiscard]] DrawableColorSpace colorSpace() const { return colorSpace_; }
+    /// Applied to the drawable before it is encoded; nothing by default. A shader whose function is
+    /// missing, or that the device refuses, leaves the picture as it is.
+    void setShader(std::optional<Shader> shader);
+    [[nodiscard]] const std::optional<Shader>& shader() const { return shader_; }
+
     void setPreferredFramesPerSecond(int framesPerSecond);
     [[nodiscard]] int preferredFramesPerSecond() const { return pacer_.framesPerSecond(); }
 
@@ -104,9 +111,12 @@ class GpuView : public QWidget {
     [[nodiscard]] bool isEmpty() const { return isEmpty_; }
 
     /// Only while `draw` runs: opens the pass that draws into the drawable, cleared to nothing. The
-    /// label names the frame's commands in GPU debuggers. Null when there is none to be had.
-    GpuRenderPass* beginRenderPass(const QByteArray& commandBufferLabel);
+    /// labels name the frame's commands and the pass in GPU debuggers. Null when there is none to
+    /// be had.
+    GpuRenderPass* beginRenderPass(const QByteArray& commandBufferLabel,
+                                   const QByteArray& renderEncoderLabel = {});
     [[nodiscard]] const QByteArray& commandBufferLabel() const { return commandBufferLabel_; }
+    [[nodiscard]] const QByteArray& renderEncoderLabel() const { return renderEncoderLabel_; }
 
     /// Draws a frame now, on a headless device only. False when it was skipped.
     bool drawNow();
@@ -152,6 +162,7 @@ class GpuView : public QWidget {
 
     std::shared_ptr<GpuDevice> device_;
     GpuViewDelegate* delegate_ = nullptr;
+    std::optional<Shader> shader_;
     DrawableColorSpace colorSpace_ = DrawableColorSpace::extendedLinearSRGB;
     FramePacer pacer_;
     bool isPaused_ = true;
@@ -163,6 +174,7 @@ class GpuView : public QWidget {
     long frameCount_ = 0;
     QSize announcedSize_;
     QByteArray commandBufferLabel_;
+    QByteArray renderEncoderLabel_;
     std::function<FrameResult(FrameResult)> frameResultFilter_;
     std::vector<Resources*> resources_;
     std::unique_ptr<Objects> objects_;

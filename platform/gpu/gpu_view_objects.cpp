@@ -16,36 +16,44 @@ namespace {
 
 /// The std140 block of encode.frag.
 struct EncodeUniforms {
-    std::array<std::array<float, 4>, 3> toScreen;
-    std::array<float, 4> groundLinear;
-    std::array<float, 4> groundEncoded;
+    ColorMatrix toScreen;
+    Float4 groundLinear;
+    Float4 groundEncoded;
+    float patternSize;
     float flippedHeight;
-    std::array<float, 3> padding;
+    std::array<float, 2> padding;
 };
 static_assert(sizeof(EncodeUniforms) == 96);
 
-constexpr std::array<std::array<float, 4>, 3> identity{{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}}};
+constexpr ColorMatrix identity{{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}}};
 
 // Linear Display P3 (SMPTE EG 432-1, D65) to linear sRGB: the product of the primaries' matrices.
-constexpr std::array<std::array<float, 4>, 3> displayP3ToSRGB{
-    {{1.2249401F, -0.2249404F, 0.0F, 0},
-     {-0.0420569F, 1.0420571F, 0.0F, 0},
-     {-0.0196376F, -0.0786361F, 1.0982735F, 0}}};
+constexpr ColorMatrix displayP3ToSRGB{{{1.2249401F, -0.2249404F, 0.0F, 0},
+                                       {-0.0420569F, 1.0420571F, 0.0F, 0},
+                                       {-0.0196376F, -0.0786361F, 1.0982735F, 0}}};
+
+const ColorMatrix& toSRGB(DrawableColorSpace colorSpace) {
+    return colorSpace == DrawableColorSpace::extendedLinearSRGB ? identity : displayP3ToSRGB;
+}
 
 float toLinear(float code) {
     return code <= 0.04045F ? code / 12.92F : std::pow((code + 0.055F) / 1.055F, 2.4F);
 }
 
 QShader embeddedShader(const char* name) {
+    initializeEncodeShaders();
     QFile file(QString::fromLatin1(name));
     return file.open(QIODevice::ReadOnly) ? QShader::fromSerialized(file.readAll()) : QShader();
+}
+
+QShader encodeVertexFunction() {
+    return embeddedShader(":/larkvox/gpu/encode.vert.qsb");
 }
 
 } // namespace
 
 bool GpuView::Objects::create(QSize size) {
-    initializeEncodeShaders();
-    const QShader vertex = embeddedShader(":/larkvox/gpu/encode.vert.qsb");
+    const QShader vertex = encodeVertexFunction();
     const QShader fragment = embeddedShader(":/larkvox/gpu/encode.frag.qsb");
     if (!vertex.isValid() || !fragment.isValid()) {
         return false;
@@ -72,18 +80,23 @@ bool GpuView::Objects::create(QSize size) {
         rhi_->newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, sizeof(EncodeUniforms)));
     sampler_.reset(rhi_->newSampler(QRhiSampler::Nearest, QRhiSampler::Nearest, QRhiSampler::None,
                                     QRhiSampler::ClampToEdge, QRhiSampler::ClampToEdge));
-    bindings_.reset(rhi_->newShaderResourceBindings());
-    bindings_->setBindings(
-        {QRhiShaderResourceBinding::uniformBuffer(0, QRhiShaderResourceBinding::FragmentStage,
-                                                  uniforms_.get()),
-         QRhiShaderResourceBinding::sampledTexture(1, QRhiShaderResourceBinding::FragmentStage,
-                                                   drawable_.get(), sampler_.get())});
+    bindings_ = makeEncodeBindings(*drawable_);
     pipeline_.reset(rhi_->newGraphicsPipeline());
     pipeline_->setShaderStages(
         {{QRhiShaderStage::Vertex, vertex}, {QRhiShaderStage::Fragment, fragment}});
     pipeline_->setShaderResourceBindings(bindings_.get());
     pipeline_->setRenderPassDescriptor(encodedPass_.get());
     return uniforms_->create() && sampler_->create() && bindings_->create() && pipeline_->create();
+}
+
+std::unique_ptr<QRhiShaderResourceBindings>
+GpuView::Objects::makeEncodeBindings(QRhiTexture& source) const {
+    constexpr auto stage = QRhiShaderResourceBinding::FragmentStage;
+    std::unique_ptr<QRhiShaderResourceBindings> bindings(rhi_->newShaderResourceBindings());
+    bindings->setBindings(
+        {QRhiShaderResourceBinding::uniformBuffer(0, stage, uniforms_.get()),
+         QRhiShaderResourceBinding::sampledTexture(1, stage, &source, sampler_.get())});
+    return bindings;
 }
 
 bool GpuView::Objects::resize(QSize size) {
@@ -108,7 +121,34 @@ bool GpuView::Objects::resize(QSize size) {
         }
     }
     size_ = size;
+    if (shader_ && !prepareShading()) {
+        shading_.reset();
+    }
     return true;
+}
+
+void GpuView::Objects::setShader(const std::optional<Shader>& shader) {
+    shader_ = shader;
+    isShaderChanged_ = true;
+    if (shader_ && shading_ != nullptr && shading_->update(*shader_)) {
+        return;
+    }
+    shading_.reset();
+    isWritten_ = false; // who converts the colours has changed
+    if (shader_ && !size_.isEmpty() && !prepareShading()) {
+        shading_.reset();
+    }
+}
+
+bool GpuView::Objects::prepareShading() {
+    if (shading_ == nullptr) {
+        shading_ = std::make_unique<ShaderPass>(*rhi_, *shader_, encodeVertexFunction());
+    }
+    if (!shading_->prepare(*drawable_, *sampler_)) {
+        return false;
+    }
+    shadedBindings_ = makeEncodeBindings(shading_->picture());
+    return shadedBindings_->create();
 }
 
 void GpuView::Objects::beginFrame(QRhiCommandBuffer* commands) {
@@ -116,11 +156,12 @@ void GpuView::Objects::beginFrame(QRhiCommandBuffer* commands) {
     hasDrawn_ = false;
 }
 
-GpuRenderPass* GpuView::Objects::beginPass(const QByteArray& label) {
+GpuRenderPass* GpuView::Objects::beginPass(const QByteArray& label, const QByteArray& passLabel) {
     if (pass_.commandBuffer == nullptr || isPassOpen_) {
         return nullptr;
     }
     pass_.commandBuffer->debugMarkBegin(label);
+    pass_.commandBuffer->debugMarkBegin(passLabel);
     pass_.commandBuffer->beginPass(drawableTarget_.get(), Qt::transparent, {1.0F, 0});
     isPassOpen_ = true;
     hasDrawn_ = true;
@@ -132,12 +173,12 @@ void GpuView::Objects::writeUniforms(const EncodeSettings& settings) {
         return;
     }
     EncodeUniforms values{};
-    values.toScreen =
-        settings.colorSpace == DrawableColorSpace::extendedLinearSRGB ? identity : displayP3ToSRGB;
+    values.toScreen = shading_ != nullptr ? identity : toSRGB(settings.colorSpace);
     const QColor ground = settings.ground.toRgb();
     values.groundEncoded = {ground.redF(), ground.greenF(), ground.blueF(), 1};
     values.groundLinear = {toLinear(ground.redF()), toLinear(ground.greenF()),
                            toLinear(ground.blueF()), 1};
+    values.patternSize = shading_ != nullptr ? 0.0F : 0.98F;
     // Positions with y up show upright where clip space has y up, and upside down elsewhere.
     values.flippedHeight = settings.isYUpInClipSpace ? 0.0F : static_cast<float>(size_.height());
     // A dynamic buffer has one copy for every frame in flight, so all of them are written.
@@ -153,6 +194,7 @@ void GpuView::Objects::endFrame(const EncodeSettings& settings) {
     if (isPassOpen_) {
         commands->endPass();
         commands->debugMarkEnd();
+        commands->debugMarkEnd();
         isPassOpen_ = false;
     }
     if (!hasDrawn_ && !hasPicture_) {
@@ -161,13 +203,17 @@ void GpuView::Objects::endFrame(const EncodeSettings& settings) {
         commands->endPass();
         hasDrawn_ = true;
     }
-    if (hasDrawn_ || written_ != settings) {
+    if (hasDrawn_ || isShaderChanged_ || written_ != settings) {
+        isShaderChanged_ = false;
+        if (shading_ != nullptr) {
+            shading_->record(*commands, toSRGB(settings.colorSpace));
+        }
         writeUniforms(settings);
         commands->beginPass(encodedTarget_.get(), Qt::black, {1.0F, 0});
         commands->setGraphicsPipeline(pipeline_.get());
         commands->setViewport(
             {0, 0, static_cast<float>(size_.width()), static_cast<float>(size_.height())});
-        commands->setShaderResources(bindings_.get());
+        commands->setShaderResources(shading_ != nullptr ? shadedBindings_.get() : bindings_.get());
         commands->draw(3);
         commands->endPass();
         hasPicture_ = true;

@@ -4,11 +4,13 @@
 
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/gpu/qrhi_private.hpp"
+#include "platform/gpu/shader_pass.hpp"
 
 #include <QColor>
 #include <QImage>
 
 #include <memory>
+#include <optional>
 
 namespace platform {
 
@@ -21,7 +23,7 @@ struct EncodeSettings {
 };
 
 /// Everything that a view keeps on its device: the linear drawable, the encoded picture that the
-/// window composites, and the pass from one to the other.
+/// window composites, the pass from one to the other, and where there is a shader its pass before.
 struct GpuView::Objects {
   public:
     explicit Objects(QRhi* rhi) : rhi_(rhi) {}
@@ -38,8 +40,11 @@ struct GpuView::Objects {
     /// none, and nothing may be drawn until it succeeds.
     bool resize(QSize size);
 
+    /// Applies a shader from the next frame on.
+    void setShader(const std::optional<Shader>& shader);
+
     void beginFrame(QRhiCommandBuffer* commands);
-    GpuRenderPass* beginPass(const QByteArray& label);
+    GpuRenderPass* beginPass(const QByteArray& label, const QByteArray& passLabel);
     void endFrame(const EncodeSettings& settings);
 
     QImage readEncoded();
@@ -47,6 +52,9 @@ struct GpuView::Objects {
 
   private:
     bool create(QSize size);
+    [[nodiscard]] std::unique_ptr<QRhiShaderResourceBindings>
+    makeEncodeBindings(QRhiTexture& source) const;
+    bool prepareShading();
     void writeUniforms(const EncodeSettings& settings);
     QImage read(QRhiTexture* texture, QImage::Format format, bool isUpsideDown);
 
@@ -59,6 +67,7 @@ struct GpuView::Objects {
     GpuRenderPass pass_{nullptr};
     EncodeSettings written_{};
     bool isWritten_ = false;
+    bool isShaderChanged_ = false;
 
     std::unique_ptr<QRhiTexture> drawable_;
     std::unique_ptr<QRhiTextureRenderTarget> drawableTarget_;
@@ -69,6 +78,9 @@ struct GpuView::Objects {
     std::unique_ptr<QRhiBuffer> uniforms_;
     std::unique_ptr<QRhiSampler> sampler_;
     std::unique_ptr<QRhiShaderResourceBindings> bindings_;
+    std::optional<Shader> shader_;
+    std::unique_ptr<ShaderPass> shading_; // null without a shader, or where it cannot be applied
+    std::unique_ptr<QRhiShaderResourceBindings> shadedBindings_;
     std::unique_ptr<QRhiGraphicsPipeline> pipeline_;
 };
 

@@ -139,6 +139,62 @@ TEST_P(GpuViewOnDevice, ConvertsDisplayP3) {
     EXPECT_THAT(scene.encoded(4), IsCloseTo(std::array<double, 3>{0, 255, 0}));
 }
 
+TEST_P(GpuViewOnDevice, AppliesAShaderLast) {
+    const Shader swapped{testing::testLibrary(), QStringLiteral("swapped"), {}};
+    const auto withArgument = [&](const Float4& added) {
+        Shader shader = swapped;
+        shader.arguments = {added};
+        return shader;
+    };
+    Scene scene(GetParam());
+    auto& cells = scene.painter->cells;
+    cells[1] = {1, 0, 0, 1};
+    cells[15] = {0, 0.25F, 1.5F, 1};
+    const auto shows = [&](const QColor& first, const QColor& last) {
+        ASSERT_TRUE(scene.view.drawNow());
+        EXPECT_EQ(scene.encoded(1), first);
+        EXPECT_EQ(scene.encoded(15), last);
+        EXPECT_EQ(scene.encoded(0), ground);
+    };
+    const QColor between(0, 137, 255);
+    shows(Qt::red, between);
+    scene.view.setShader(swapped);
+    shows(Qt::blue, QColor(255, 137, 0));
+    scene.view.resize(240, 60);
+    shows(Qt::blue, QColor(255, 137, 0));
+
+    scene.view.setShader(withArgument({0, 1, 0, 1}));
+    ASSERT_TRUE(scene.view.drawNow());
+    EXPECT_EQ(scene.encoded(1), QColor(Qt::cyan));
+    EXPECT_EQ(scene.encoded(0), QColor(Qt::green));
+
+    // It gets sRGB whatever the drawable holds.
+    cells[1] = {1, 0, 0, 1};
+    scene.view.setColorSpace(DrawableColorSpace::extendedLinearDisplayP3);
+    scene.view.setShader(withArgument({0.0196376F, 0.0420569F, -0.2249401F, 0}));
+    ASSERT_TRUE(scene.view.drawNow());
+    EXPECT_EQ(scene.encoded(1), QColor(Qt::blue));
+    scene.view.setColorSpace(DrawableColorSpace::extendedLinearSRGB);
+
+    // What cannot be applied changes nothing.
+    for (const char* const name : {"none", "quad"}) {
+        Shader unknown = swapped;
+        unknown.functionName = QString::fromLatin1(name);
+        scene.view.setShader(unknown);
+        shows(Qt::red, between);
+    }
+    scene.view.setShader(swapped);
+    int operation = 0;
+    scene.view.setFrameResultFilter([&](FrameResult result) { // everything is made anew
+        return operation++ == 0 ? FrameResult::deviceLost : result;
+    });
+    scene.view.drawNow();
+    QCoreApplication::processEvents();
+    shows(Qt::blue, QColor(255, 137, 0));
+    scene.view.setShader({});
+    shows(Qt::red, between);
+}
+
 TEST_P(GpuViewOnDevice, ShowsTheTopAtTheTop) {
     Scene scene(GetParam());
     scene.painter->cells[0] = {1, 0, 0, 1};  // top left

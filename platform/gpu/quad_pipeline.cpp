@@ -34,7 +34,7 @@ bool QuadPipeline::Objects::create(const GpuContext& context,
     vertices.reset(rhi.newBuffer(QRhiBuffer::Immutable, QRhiBuffer::VertexBuffer, sizeof corners));
     uniforms.reset(rhi.newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer,
                                  static_cast<int>(descriptor.uniformSize)));
-    sampler.reset(rhi.newSampler(QRhiSampler::Linear, QRhiSampler::Linear, QRhiSampler::None,
+    sampler.reset(rhi.newSampler(QRhiSampler::Linear, QRhiSampler::Linear, QRhiSampler::Nearest,
                                  QRhiSampler::Repeat, QRhiSampler::Repeat));
     if (!vertices->create() || !uniforms->create() || !sampler->create()) {
         return false;
@@ -43,7 +43,11 @@ bool QuadPipeline::Objects::create(const GpuContext& context,
     std::vector<QRhiShaderResourceBinding> resources{
         QRhiShaderResourceBinding::uniformBuffer(0, stage, uniforms.get())};
     for (const QImage& image : descriptor.textures) {
-        textures.emplace_back(rhi.newTexture(QRhiTexture::RGBA8, image.size()));
+        // Not 8 bit: some drivers filter in the texture's precision, and the steps would show where
+        // a function stretches a gradient.
+        textures.emplace_back(
+            rhi.newTexture(QRhiTexture::RGBA16F, image.size(), 1,
+                           QRhiTexture::MipMapped | QRhiTexture::UsedWithGenerateMips));
         if (!textures.back()->create()) {
             return false;
         }
@@ -72,7 +76,8 @@ void QuadPipeline::Objects::upload(const GpuContext& context,
     updates->uploadStaticBuffer(vertices.get(), corners.data());
     for (std::size_t i = 0; i < textures.size(); ++i) {
         updates->uploadTexture(textures[i].get(), descriptor.textures[i].convertToFormat(
-                                                      QImage::Format_RGBA8888_Premultiplied));
+                                                      QImage::Format_RGBA16FPx4_Premultiplied));
+        updates->generateMips(textures[i].get());
     }
     context.commandBuffer->resourceUpdate(updates);
     isUploaded = true;

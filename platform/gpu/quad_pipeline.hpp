@@ -36,7 +36,8 @@ struct QuadPipelineDescriptor {
     /// linear, premultiplied light.
     std::optional<ShaderFunction> fragmentFunction;
     std::size_t uniformSize = 0; ///< bytes, the size of the std140 block
-    std::vector<QImage> textures;
+    std::vector<QImage>
+        textures; ///< repeat beyond their edges; with all smaller sizes of themselves
 };
 
 /// One quad over the whole drawable, coloured by a fragment function: the pipeline state of every

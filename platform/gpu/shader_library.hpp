@@ -22,7 +22,7 @@ class ShaderFunction {
     std::shared_ptr<const QShader> shader_;
 };
 
-/// The compiled functions of a bundle, by name: the files "Shaders/NAME.qsb".
+/// The compiled functions of a bundle, by name: the files "Shaders/NAME.qsb". A value.
 class ShaderLibrary {
   public:
     /// Throws `GpuError` when the bundle has no library.
@@ -30,6 +30,8 @@ class ShaderLibrary {
 
     /// Nothing when there is no function of that name; throws `GpuError` when its file is broken.
     [[nodiscard]] std::optional<ShaderFunction> function(const QString& name) const;
+
+    friend bool operator==(const ShaderLibrary&, const ShaderLibrary&) = default;
 
   private:
     QDir directory_;

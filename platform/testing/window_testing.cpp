@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QTest>
 
+#include <cstdlib>
 #include <ostream>
 
 namespace platform::testing {
@@ -34,6 +35,20 @@ QColor screenColor(const QWidget& widget, QPointF point) {
     const QImage image = screenshot(widget);
     const QPoint pixel = (point * image.devicePixelRatio()).toPoint();
     return image.valid(pixel) ? image.pixelColor(pixel) : QColor();
+}
+
+int pixelsOf(const QImage& picture, const QColor& color) {
+    constexpr int tolerance = 12; // of all channels together
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor c = picture.pixelColor(x, y);
+            count += std::abs(c.red() - color.red()) + std::abs(c.green() - color.green()) +
+                         std::abs(c.blue() - color.blue()) <
+                     tolerance;
+        }
+    }
+    return count;
 }
 
 } // namespace platform::testing

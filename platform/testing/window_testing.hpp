@@ -21,6 +21,8 @@ void showActive(QWidget& window);
 QImage screenshot(const QWidget& widget);
 /// The screen's colour at a point of the widget.
 QColor screenColor(const QWidget& widget, QPointF point);
+/// How many pixels have the colour, but for what rounding explains.
+int pixelsOf(const QImage& picture, const QColor& color);
 
 } // namespace platform::testing
 

@@ -26,10 +26,22 @@ void Button::setLabelWidth(double width) {
     updateGeometry();
 }
 
+void Button::setButtonStyle(std::shared_ptr<const ButtonStyle> style) {
+    if (style == style_) {
+        return;
+    }
+    style_ = std::move(style);
+    setFont(style_->font());
+    updateGeometry();
+    update();
+}
+
 QSize Button::sizeHint() const {
     const double width =
         labelWidth_ > 0 ? labelWidth_ : QFontMetricsF(style_->font()).horizontalAdvance(text());
-    return QSizeF(std::ceil(width), std::ceil(style_->height())).toSize();
+    const QMarginsF padding = style_->labelPadding();
+    return QSizeF(std::ceil(width + padding.left() + padding.right()), std::ceil(style_->height()))
+        .toSize();
 }
 
 bool Button::event(QEvent* event) {

@@ -20,8 +20,10 @@ class ButtonStyle {
   public:
     virtual ~ButtonStyle() = default;
     [[nodiscard]] virtual QFont font() const = 0;
-    /// The height of the body in points; its width is that of the label.
+    /// The height of the body in points; its width is that of the label and its padding.
     [[nodiscard]] virtual double height() const = 0;
+    /// Room around the label within the body.
+    [[nodiscard]] virtual QMarginsF labelPadding() const { return {}; }
     /// Room around the body in the layout; negative: the body reaches out of its place.
     [[nodiscard]] virtual QMarginsF padding() const { return {}; }
     virtual void paint(QPainter& painter, const QRectF& body,
@@ -40,6 +42,8 @@ class Button final : public QAbstractButton {
     /// Gives the label a width of its own, in points; 0 is that of its text.
     void setLabelWidth(double width);
     [[nodiscard]] const ButtonStyle& buttonStyle() const { return *style_; }
+    /// For styles that say whether the button is on.
+    void setButtonStyle(std::shared_ptr<const ButtonStyle> style);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

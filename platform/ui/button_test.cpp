@@ -65,6 +65,21 @@ TEST_F(ButtonTest, ClicksWhenReleasedInside) {
     EXPECT_EQ(clicks.count(), 1);
 }
 
+TEST_F(ButtonTest, LooksAndMeasuresLikeTheStyleItIsGiven) {
+    class HighStyle final : public ButtonStyle {
+        [[nodiscard]] QFont font() const override { return {}; }
+        [[nodiscard]] double height() const override { return 30; }
+        void paint(QPainter& painter, const QRectF& rect,
+                   const ButtonConfiguration& /*configuration*/) const override {
+            painter.fillRect(rect, Qt::blue);
+        }
+    };
+    EXPECT_EQ(body(), QColor(0, 255, 0));
+    button.setButtonStyle(std::make_shared<HighStyle>());
+    EXPECT_EQ(body(), QColor(Qt::blue));
+    EXPECT_EQ(button.sizeHint().height(), 30);
+}
+
 TEST_F(ButtonTest, KeysPressIt) {
     button.setFocus(Qt::TabFocusReason);
     int wanted = 0;

@@ -1,12 +1,14 @@
 #version 440
+#extension GL_GOOGLE_include_directive : require
+#include "family.glsl"
 
 // One voice at night: three ribbons of twelve fine strands each, one behind the other, glowing
 // over the ground of the window. Along the picture lie the bands of a spectrum; energy swells in
 // one, passes on to its neighbours and reaches the ribbons behind a little later. It lifts the
 // strands, brightens them and turns them from purple over blue to aqua. The picture follows from
 // three inputs only: its size in pixels (the shape stays the same, only finer), the seed (which
-// arrangement) and the time in seconds (every motion repeats after PERIOD, so the clock may be
-// folded there without a jump). The result is light to add to the ground: linear, above 1.0 in
+// arrangement) and the time in seconds (every motion repeats after PERIOD, where the clock is
+// folded without a jump). The result is light to add to the ground: linear, above 1.0 in
 // the cores, alpha 0, and nothing at all along the four edges.
 
 layout(location = 0) in vec2 point;
@@ -18,32 +20,13 @@ layout(std140, binding = 0) uniform Uniforms {
     float time;
 };
 
-const float PERIOD = 512.0;                         // seconds; a power of two keeps the phase exact
 const vec2 DESIGN = vec2(400.0, 300.0);             // the picture in points
 const vec2 NAME = vec2(78.0, 9.0);                  // core of the calm place behind the name
-const vec3 LUMINANCE = vec3(0.2126, 0.7152, 0.0722);
-
-const vec3 PURPLE = vec3(0.323, 0.107, 1.000);      // linear light
-const vec3 BLUE = vec3(0.090, 0.260, 1.000);
-const vec3 AQUA = vec3(0.045, 0.590, 0.640);
 
 const int PAIRS = 6;                                // the strands of a ribbon, two by two
 const float LAST = float(2 * PAIRS - 1);
 const float STEP = 0.155;                           // angle between two strands, radians
 const float SPAN = 0.5 * LAST * STEP;
-
-// A sine of whole turns, from two parabolas: a fraction of the cost of sin() in software.
-vec3 wave(vec3 turns)
-{
-    vec3 t = fract(turns) - 0.5;
-    vec3 arc = t * (16.0 * abs(t) - 8.0);
-    return arc * (0.775 + 0.225 * abs(arc));
-}
-
-float wave(float turns)
-{
-    return wave(vec3(turns)).x;
-}
 
 // Four numbers in 0..1 from each word of scrambled seed.
 uint scramble(uint n)
@@ -56,14 +39,6 @@ uint scramble(uint n)
 vec4 deal(uint n)
 {
     return vec4((uvec4(n) >> uvec4(0u, 8u, 16u, 24u)) & 255u) / 256.0;
-}
-
-// 0 purple, 1 aqua, blue between them.
-vec3 tint(float hue)
-{
-    hue = clamp(hue, 0.0, 1.0);
-    float rest = 1.0 - hue;
-    return PURPLE * (rest * rest) + BLUE * (2.0 * rest * hue) + AQUA * (hue * hue);
 }
 
 // The light of one ribbon at a height: x the sum, y the same weighted by the place across the
@@ -127,18 +102,18 @@ void main()
     // The energy moves on from band to band with a rest at each; the ends of the voice are quiet.
     float quiet = 1.0 - x * x;
     quiet *= 1.35 - 0.35 * quiet;
-    float hop = 44.0 * t + 0.03 * wave(132.0 * t);
+    float hop = 353.0 * t + 0.03 * wave(1059.0 * t);
     vec3 swell = 0.5 + 0.5 * wave(0.58 * x + a.x - hop + 0.21 * lag);
-    vec3 energy = 0.2 + 0.8 * swell * (0.66 + 0.34 * wave(1.35 * x + a.y + 26.0 * t - 0.17 * lag));
-    vec3 bands = 0.5 + 0.5 * wave(2.6 * x + a.z + 0.05 * wave(60.0 * t + lag) + 0.13 * lag);
+    vec3 energy = 0.2 + 0.8 * swell * (0.66 + 0.34 * wave(1.35 * x + a.y + 209.0 * t - 0.17 * lag));
+    vec3 bands = 0.5 + 0.5 * wave(2.6 * x + a.z + 0.05 * wave(481.0 * t + lag) + 0.13 * lag);
     vec3 lift = quiet * (22.0 + vec3(66.0, 76.0, 86.0) * energy * (1.55 - 0.55 * energy) * (0.82 + 0.18 * bands));
 
     // What the strands share (centre, bend) and what spreads them (spread; they meet where it is 0).
     vec3 phase = (vec3(0.74, 0.60, 0.46) + 0.16 * (b.x - 0.5)) * x + vec3(a.w, b.y, b.z);
-    vec3 ripple = wave(vec3(1.75, 1.45, 1.15) * x + vec3(b.w, a.x, a.y) + t * vec3(31.0, 24.0, 17.0));
-    vec3 centre = quiet * vec3(6.0, 9.0, 12.0) * wave(0.4 * x + a.y + t * vec3(22.0, 17.0, 13.0) + lag);
-    vec3 bend = lift * (0.66 * wave(phase - t * vec3(20.0, 15.0, 11.0)) + 0.11 * ripple * bands);
-    vec3 spread = lift * (0.86 * wave(1.17 * phase + a.z + 0.23 - t * vec3(13.0, 18.0, 8.0)) + 0.10 * ripple);
+    vec3 ripple = wave(vec3(1.75, 1.45, 1.15) * x + vec3(b.w, a.x, a.y) + t * vec3(247.0, 193.0, 137.0));
+    vec3 centre = quiet * vec3(6.0, 9.0, 12.0) * wave(0.4 * x + a.y + t * vec3(177.0, 135.0, 103.0) + lag);
+    vec3 bend = lift * (0.66 * wave(phase - t * vec3(161.0, 119.0, 89.0)) + 0.11 * ripple * bands);
+    vec3 spread = lift * (0.86 * wave(1.17 * phase + a.z + 0.23 - t * vec3(105.0, 143.0, 65.0)) + 0.10 * ripple);
     vec3 centreRise = dFdx(centre) * scale;
     vec3 bendRise = dFdx(bend) * scale;
     vec3 spreadRise = dFdx(spread) * scale;
@@ -148,7 +123,7 @@ void main()
     vec3 width = max(fine, vec3(0.85 / scale));
     vec3 extent = 0.5 * (1.0 - cos(SPAN)) * abs(bend) + sin(SPAN) * abs(spread);
     vec3 reach = extent + width * (10.0 + 5.0 * (abs(centreRise) + abs(bendRise) + abs(spreadRise)));
-    vec3 sheen = vec3(0.9, 0.7, 0.5) * x + vec3(a.z, a.w, a.x) - t * vec3(40.0, 31.0, 23.0);
+    vec3 sheen = vec3(0.9, 0.7, 0.5) * x + vec3(a.z, a.w, a.x) - t * vec3(321.0, 249.0, 185.0);
 
     vec2 near = ribbon(at.y, vec3(centre.x, bend.x, spread.x), vec3(centreRise.x, bendRise.x, spreadRise.x), width.x, sheen.x, reach.x);
     vec2 middle = ribbon(at.y, vec3(centre.y, bend.y, spread.y), vec3(centreRise.y, bendRise.y, spreadRise.y), width.y, sheen.y, reach.y);
@@ -160,7 +135,7 @@ void main()
     calm = 1.0 / (1.0 + calm * calm);
 
     vec3 hue = vec3(0.30, -0.10, 0.0) + vec3(0.45, 0.40, 0.25) * energy * (0.6 + 0.4 * bands)
-             + 0.25 * wave(0.45 * x + b.w - 14.0 * t) - 0.28 * calm;
+             + 0.25 * wave(0.45 * x + b.w - 113.0 * t) - 0.28 * calm;
     vec3 gain = fine / width * vec3(1.45, 0.92, 0.38) * (0.25 + 1.2 * energy) * (0.7 + 0.6 * bands);
     vec3 sum = tint(hue.x + 0.40 * near.y / (near.x + 1e-4)) * (near.x * gain.x)
              + tint(hue.y + 0.55 * middle.y / (middle.x + 1e-4)) * (middle.x * gain.y)
@@ -180,8 +155,5 @@ void main()
     sum += vec3(0.30, 0.26, 0.34) * (level * level);
     sum /= 1.0 + calm * level * (1.0 + 0.3 * level) / 0.072;
 
-    // Black from the centre of the outermost pixels on.
-    vec2 room = clamp(((1.0 - abs(point)) * size * 0.5 - 0.75) / (scale * vec2(60.0, 50.0)), 0.0, 1.0);
-    room *= room * (3.0 - 2.0 * room);
-    light = vec4(sum * (room.x * room.y), 0.0);
+    light = vec4(sum * shore(point, size, scale * vec2(60.0, 50.0)), 0.0);
 }

@@ -33,8 +33,10 @@ const std::string tracedCalls =
 
 /// The command that traces a program, and breaks one of its calls.
 std::vector<std::string> traced(const fs::path& log, const std::string& injection = {}) {
+    // Looking for leaks is impossible while another one traces.
     std::vector<std::string> command{
-        "strace", "-qq", "-y", "-s", "0", "-o", log.string(), "-e", "trace=" + tracedCalls};
+        "strace",     "-E", "ASAN_OPTIONS=detect_leaks=0", "-qq", "-y", "-s", "0", "-o",
+        log.string(), "-e", "trace=" + tracedCalls};
     if (!injection.empty()) {
         command.insert(command.end(), {"-e", "inject=" + injection});
     }
@@ -71,6 +73,10 @@ struct Scenario {
     std::string before;
     std::string after;
 };
+
+void PrintTo(const Scenario& scenario, std::ostream* stream) {
+    *stream << scenario.what;
+}
 
 std::optional<InstallMessage> install110(const InstalledCopy& copy,
                                          std::vector<std::string> before) {

@@ -1,0 +1,180 @@
+#include "fernhorn/controls/parameter_press.hpp"
+#include "fernhorn/model/test_parameter.hpp"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+namespace fernhorn {
+namespace {
+
+using testing::ElementsAre;
+using testing::Pair;
+
+constexpr core::Size size{80, 36};
+
+TEST(ButtonPress, BeginsOnTheButtonAndEndsOnceWhereverThePointerIs) {
+    const struct {
+        core::Point down, up;
+        PressStep begin, end;
+    } cases[] = {
+        {{0, 0}, {79.9, 35.9}, PressStep::began, PressStep::clicked},
+        {{40, 18}, {80, 18}, PressStep::began, PressStep::cancelled},
+        {{40, 18}, {40, -0.1}, PressStep::began, PressStep::cancelled},
+        {{40, 18}, {9000, -9000}, PressStep::began, PressStep::cancelled},
+        {{40, 36}, {40, 18}, PressStep::none, PressStep::none},
+        {{-1, 18}, {40, 18}, PressStep::none, PressStep::none},
+    };
+    for (const auto& [down, up, begin, end] : cases) {
+        ButtonPress press;
+        EXPECT_EQ(press.press(down, size), begin);
+        EXPECT_EQ(press.isPressed(), begin == PressStep::began);
+        EXPECT_EQ(press.release(up, size), end) << up.x << ' ' << up.y;
+        EXPECT_FALSE(press.isPressed());
+        EXPECT_EQ(press.release(up, size), PressStep::none);
+        EXPECT_EQ(press.cancel(), PressStep::none);
+    }
+}
+
+TEST(ButtonPress, BelongsToTheMouseOrToOneKey) {
+    ButtonPress press;
+    EXPECT_EQ(press.pressKey(1), PressStep::began);
+    EXPECT_EQ(press.pressKey(2), PressStep::none);
+    EXPECT_EQ(press.press({1, 1}, size), PressStep::none);
+    EXPECT_EQ(press.release({1, 1}, size), PressStep::none);
+    EXPECT_EQ(press.moveMouse(false), PressStep::none);
+    EXPECT_EQ(press.releaseKey(2), PressStep::none);
+    EXPECT_EQ(press.releaseKey(1), PressStep::clicked);
+    EXPECT_EQ(press.press({1, 1}, size), PressStep::began);
+    EXPECT_EQ(press.pressKey(1), PressStep::none);
+    EXPECT_EQ(press.releaseKey(1), PressStep::none);
+    EXPECT_EQ(press.moveMouse(true), PressStep::none);
+    EXPECT_EQ(press.moveMouse(false), PressStep::cancelled); // the release went elsewhere
+    EXPECT_EQ(press.pressKey(1), PressStep::began);
+    EXPECT_EQ(press.cancel(), PressStep::cancelled);
+    EXPECT_EQ(press.releaseKey(1), PressStep::none);
+}
+
+class ParameterPressTest : public testing::Test {
+  protected:
+    core::MainQueue queue;
+    std::shared_ptr<AudioParameter> parameter;
+    AutomationEvents events;
+
+    void makeParameter(float value) {
+        parameter = TestParameter{.range = {0, 3}, .defaultValue = value}.on(queue);
+        events.clear();
+        recordEvents(*parameter, events);
+    }
+};
+
+TEST_F(ParameterPressTest, WritesWhatItsEditSaysBetweenOneTouchAndOneRelease) {
+    const struct {
+        PressEdit edit;
+        float before;
+        PressStep end;
+        AutomationEvents events;
+        float after;
+    } cases[] = {
+        {PressEdit::select(2), 1, PressStep::clicked, {{1, 1}, {0, 2}, {2, 2}}, 2},
+        {PressEdit::select(2), 1, PressStep::cancelled, {{1, 1}, {2, 1}}, 1},
+        {PressEdit::toggle(), 0, PressStep::clicked, {{1, 0}, {0, 1}, {2, 1}}, 1},
+        {PressEdit::toggle(), 1, PressStep::clicked, {{1, 1}, {0, 0}, {2, 0}}, 0},
+        {PressEdit::toggle(), 0.3F, PressStep::clicked, {{1, 0.3F}, {0, 0}, {2, 0}}, 0},
+        {PressEdit::toggle(), 0.3F, PressStep::cancelled, {{1, 0.3F}, {2, 0.3F}}, 0.3F},
+        {PressEdit::hold(), 0, PressStep::clicked, {{1, 0}, {0, 1}, {0, 0}, {2, 0}}, 0},
+        {PressEdit::hold(), 1, PressStep::cancelled, {{1, 0}, {0, 1}, {0, 0}, {2, 0}}, 0},
+        {PressEdit::selectAtOnce(2), 1, PressStep::clicked, {{0, 2}}, 2},
+        {PressEdit::selectAtOnce(2), 1, PressStep::cancelled, {}, 1},
+    };
+    for (const bool drains : {true, false}) {
+        for (const auto& [edit, before, end, expected, after] : cases) {
+            makeParameter(before);
+            ParameterPress press(parameter, edit);
+            press.follow(PressStep::began);
+            if (drains) {
+                queue.drain();
+                EXPECT_EQ(parameter->value(), edit.valueAtBegin().value_or(before));
+            }
+            EXPECT_FALSE(parameter->isBeingInteractivelyEdited());
+            press.follow(end);
+            queue.drain();
+            EXPECT_EQ(events, expected);
+            EXPECT_EQ(parameter->value(), after);
+        }
+    }
+}
+
+TEST_F(ParameterPressTest, ChoosingTheValueAgainOnlyTouches) {
+    makeParameter(2);
+    ParameterPress press(parameter, PressEdit::select(2));
+    press.follow(PressStep::began);
+    queue.drain();
+    press.follow(PressStep::clicked);
+    EXPECT_THAT(events, ElementsAre(Pair(1, 2), Pair(2, 2)));
+}
+
+TEST_F(ParameterPressTest, TwoClicksInOneBurstOfEventsAreTwo) {
+    makeParameter(0);
+    ParameterPress press(parameter, PressEdit::toggle());
+    for (int i = 0; i < 3; ++i) {
+        press.follow(PressStep::began);
+        press.follow(PressStep::clicked);
+    }
+    queue.drain();
+    EXPECT_EQ(parameter->value(), 1);
+}
+
+// Whoever hears of an event may end the press, begin another or take the button away.
+TEST_F(ParameterPressTest, IsClosedWhateverHappensWhileItIsToldOf) {
+    using Press = std::unique_ptr<ParameterPress>;
+    const struct {
+        std::function<void(Press&)> intervene;
+        bool beginsAnother = false;
+    } interventions[] = {
+        {[](Press& press) { press.reset(); }},
+        {[](Press& press) { press->follow(PressStep::cancelled); }},
+        {[](Press& press) { press->follow(PressStep::clicked); }},
+        {[](Press& press) {
+             press->follow(PressStep::cancelled);
+             press->follow(PressStep::began);
+         },
+         true},
+    };
+    for (const PressEdit edit : {PressEdit::select(2), PressEdit::toggle(), PressEdit::hold()}) {
+        for (const auto& [intervene, beginsAnother] : interventions) {
+            for (int at = 0; at < 4; ++at) {
+                makeParameter(1);
+                auto press = std::make_unique<ParameterPress>(parameter, edit);
+                int countdown = at;
+                parameter->auParameter()->addParameterAutomationObserver(
+                    [&, &act = intervene](const auto&) {
+                        if (press != nullptr && countdown-- == 0) {
+                            act(press);
+                        }
+                    });
+                const auto count = [&](int type) {
+                    return std::ranges::count(events, type, &std::pair<int, float>::first);
+                };
+                press->follow(PressStep::began);
+                if (countdown < 0 && !beginsAnother) {
+                    EXPECT_EQ(count(1), count(2)) << at; // at once, not only in the end
+                } else if (press != nullptr) {
+                    press->follow(PressStep::clicked);
+                }
+                press.reset();
+                EXPECT_GE(count(1), 1);
+                EXPECT_EQ(count(1), count(2)) << at;
+                queue.drain();
+            }
+        }
+    }
+}
+
+TEST(ParameterPressDeathTest, NeedsAParameter) {
+    EXPECT_DEATH(ParameterPress(nullptr, PressEdit::toggle()),
+                 "Fatal error: A button for a parameter has none");
+}
+
+} // namespace
+} // namespace fernhorn

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "gallery/fernhorn/vocoder/event_log.hpp"
+
+#include <QBasicTimer>
+#include <QFont>
+#include <QWidget>
+
+#include <memory>
+
+namespace gallery {
+
+/// Shows an event log as it grows. While it is hidden the log keeps its bounds by itself.
+class EventStrip final : public QWidget {
+  public:
+    static constexpr int rowHeight = 20; // points
+
+    /// Shows so many of the newest lines. `log` must not be null.
+    EventStrip(std::unique_ptr<EventLog> log, int rows);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    /// Shows what has come by now, without waiting for the next look.
+    void refresh();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+  private:
+    static constexpr int lookInterval = 33; // ms
+
+    void paintLine(QPainter& painter, const QRectF& row, const EventLog::Line& line) const;
+
+    std::unique_ptr<EventLog> log_;
+    int rows_;
+    QFont font_;
+    QFont smallFont_;
+    QBasicTimer look_;
+};
+
+} // namespace gallery

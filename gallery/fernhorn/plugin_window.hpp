@@ -1,0 +1,44 @@
+#pragma once
+
+#include "core/subscription.hpp"
+#include "fernhorn/header/update_available_details.hpp"
+#include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
+
+#include <QWidget>
+
+#include <optional>
+
+class QStackedLayout;
+
+namespace fernhorn {
+class PluginHeaderView;
+}
+
+namespace gallery {
+
+/// The window of the example plug-in, as a plug-in builder would make it: the header, and below it
+/// the page that its tabs choose. A page is made when it is first shown.
+class PluginWindow final : public QWidget {
+  public:
+    static constexpr int windowWidth = 868;  // points
+    static constexpr int windowHeight = 564; // points
+
+    explicit PluginWindow(std::shared_ptr<VocoderSettings> settings,
+                          std::optional<fernhorn::UpdateAvailableDetails> update = {});
+
+    [[nodiscard]] fernhorn::PluginHeaderView& header() const { return *header_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void showPage(int index);
+    QWidget* makeMenu();
+
+    const std::shared_ptr<VocoderSettings> settings_;
+    fernhorn::PluginHeaderView* header_;
+    QStackedLayout* pages_;
+    core::Subscription pageObserver_;
+};
+
+} // namespace gallery
