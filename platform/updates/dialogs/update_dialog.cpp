@@ -7,6 +7,7 @@
 #include "platform/updates/dialogs/progress_dialog.hpp"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -105,6 +106,23 @@ void UpdateDialog::clearButtons() {
 
 void UpdateDialog::reject() {
     context_.dismiss();
+}
+
+void UpdateDialog::end() {
+    isOver_ = true;
+    if (!isClosing_) {
+        close();
+    }
+}
+
+/// Closing dismisses, and whoever hears of that ends the dialog; unless it has to stay.
+void UpdateDialog::closeEvent(QCloseEvent* event) {
+    if (!isOver_) {
+        isClosing_ = true;
+        reject();
+        isClosing_ = false;
+    }
+    event->setAccepted(isOver_);
 }
 
 UpdateDialog* makeUpdateDialog(const UpdateScene& scene, const DialogContext& context,

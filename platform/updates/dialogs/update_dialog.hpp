@@ -44,8 +44,12 @@ class UpdateDialog : public QDialog {
     using QDialog::show;
 
     void reject() override;
+    /// Closes it without another word: the user has decided.
+    void end();
 
   protected:
+    void closeEvent(QCloseEvent* event) override;
+
     using Prominence = DialogButtonStyle::Prominence;
 
     void say(const QString& title, const QString& text);
@@ -66,6 +70,8 @@ class UpdateDialog : public QDialog {
     QBoxLayout* content_;
     QBoxLayout* apart_;
     QBoxLayout* row_;
+    bool isClosing_ = false;
+    bool isOver_ = false;
 };
 
 /// The dialog for a scene; null for `scene::Nothing`.

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QTest>
+#include <QTimer>
 
 #include <gmock/gmock.h>
 
@@ -249,6 +250,24 @@ TEST_F(UpdateWindowsTest, TakeTheFocusOnCommandOnly) {
     windows.dialog()->close();
     EXPECT_TRUE(std::holds_alternative<scene::Nothing>(session.scene()));
     EXPECT_EQ(windows.dialog(), nullptr);
+}
+
+TEST_F(UpdateWindowsTest, KeepNoProgramAliveThatHasNoWindowLeft) {
+    for (const bool isClosedByItsFrame : {true, false}) {
+        session.checkForUpdates();
+        ASSERT_TRUE(testing::runUntil(
+            [&] { return std::holds_alternative<scene::Failed>(session.scene()); }));
+        QTimer::singleShot(0, windows.dialog(), [&] {
+            isClosedByItsFrame ? static_cast<void>(windows.dialog()->close()) : session.dismiss();
+        });
+        QTimer watchdog;
+        QObject::connect(&watchdog, &QTimer::timeout, qApp, [] { QCoreApplication::exit(1); });
+        watchdog.start(5000);
+        const auto last = QObject::connect(qApp, &QGuiApplication::lastWindowClosed, qApp,
+                                           [] { QCoreApplication::exit(0); });
+        EXPECT_EQ(QApplication::exec(), 0);
+        QObject::disconnect(last);
+    }
 }
 
 } // namespace

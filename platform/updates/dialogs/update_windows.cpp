@@ -53,7 +53,7 @@ void UpdateWindows::show(const UpdateScene& scene) {
         }
     }
     if (last != nullptr) {
-        last->hide();
+        last->end();
         last->deleteLater(); // it may be telling what the user decided
     }
 }
