@@ -290,6 +290,8 @@ class Trial:
         wait(lambda: self.program.find("1.1.0 (1)"), why="the version on the window")
         assert os.readlink(self.root / "current") == "versions/1.1.0"
         print(f"{time.monotonic() - START:.0f} s: updated to 1.1.0", flush=True)
+        # It is the second start, so it asks.
+        self.program.press("Don’t Check", self.program.dialog("Check for updates automatically?"))
         self.program.check()
         self.program.close("You’re up to date", "Larkvox 1.1.0 is the newest version.")
 
