@@ -5,6 +5,8 @@
 #include "platform/updates/session/safe_html.hpp"
 
 #include <QBoxLayout>
+#include <QDate>
+#include <QLocale>
 #include <QPainter>
 
 namespace gallery {
@@ -68,8 +70,8 @@ Page page(const char* identifier, const char* title, const char* summary,
             }};
 }
 
-UpdateScene failed(UpdateProblem problem, const char* detail = "") {
-    return scene::Failed{{problem, QString::fromUtf8(detail)}};
+UpdateScene failed(UpdateProblem problem, const QString& detail = {}) {
+    return scene::Failed{{problem, detail}};
 }
 
 NothingSuitable unsuitable(NothingSuitable::Why why) {
@@ -130,16 +132,19 @@ void addUpdatePages(std::vector<Page>& pages) {
                scene::ManagedElsewhere{QStringLiteral("1.1.0"), Management::nobody, {}}},
               {QStringLiteral("Needs a newer system"),
                scene::Unsuitable{unsuitable(NothingSuitable::Why::needsNewerSystem)}}}));
-    pages.push_back(page(
-        "update-problems", "Problems", "Each says what is the matter and what to do.",
-        {{QStringLiteral("Network"), failed(UpdateProblem::offline, "updates.fennick.example")},
-         {QStringLiteral("Clock"), failed(UpdateProblem::clockLooksWrong, "1 January 2016")},
-         {QStringLiteral("Certificate"),
-          failed(UpdateProblem::certificateUntrusted, "updates.fennick.example")},
-         {QStringLiteral("Sign-in page"), failed(UpdateProblem::signInFirst)},
-         {QStringLiteral("Signature"), failed(UpdateProblem::signatureWrong)},
-         {QStringLiteral("Disk"), failed(UpdateProblem::noSpace)},
-         {QStringLiteral("Another window"), failed(UpdateProblem::busy)}}));
+    pages.push_back(
+        page("update-problems", "Problems", "Each says what is the matter and what to do.",
+             {{QStringLiteral("Network"),
+               failed(UpdateProblem::offline, QStringLiteral("updates.fennick.example"))},
+              {QStringLiteral("Clock"),
+               failed(UpdateProblem::clockLooksWrong,
+                      QLocale().toString(QDate(2016, 1, 1), QLocale::LongFormat))},
+              {QStringLiteral("Certificate"), failed(UpdateProblem::certificateUntrusted,
+                                                     QStringLiteral("updates.fennick.example"))},
+              {QStringLiteral("Sign-in page"), failed(UpdateProblem::signInFirst)},
+              {QStringLiteral("Signature"), failed(UpdateProblem::signatureWrong)},
+              {QStringLiteral("Disk"), failed(UpdateProblem::noSpace)},
+              {QStringLiteral("Another window"), failed(UpdateProblem::busy)}}));
 }
 
 } // namespace gallery

@@ -8,12 +8,12 @@ namespace platform {
 namespace {
 
 constexpr int notesHeight = 216;
+constexpr int lineHeight = 48; // where there are none
 
 } // namespace
 
 OfferDialog::OfferDialog(const DialogContext& context, QWidget* parent)
     : UpdateDialog(context, parent), notes_(new ReleaseNotesView(*context.workspace)) {
-    notes_->setFixedHeight(notesHeight);
     content().addWidget(notes_);
 }
 
@@ -45,6 +45,8 @@ bool OfferDialog::show(const UpdateScene& scene) {
                               : offer->notes;
     if (notes != shownNotes_) {
         shownNotes_ = notes;
+        const bool hasNotes = offer->isLoadingNotes || !offer->notes.isEmpty();
+        notes_->setFixedHeight(hasNotes ? notesHeight : lineHeight);
         notes_->showNotes(notes);
     }
     if (findChild<Button*>() == nullptr) {

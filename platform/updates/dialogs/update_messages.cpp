@@ -198,6 +198,8 @@ Remedy UpdateMessages::remedyOf(UpdateProblem problem) {
         return Remedy::website;
     case UpdateProblem::archiveTooLarge:
     case UpdateProblem::notNewer:
+    case UpdateProblem::signatureWrong: // the same server would send the same again
+    case UpdateProblem::busy:
     case UpdateProblem::noPermission:
     case UpdateProblem::readOnly:
     case UpdateProblem::alreadyInstalled:
