@@ -2,7 +2,8 @@
 
 namespace core {
 
-/// A colour in sRGB with straight alpha. Components are 0…1; wider colour spaces go beyond.
+/// A colour in sRGB with straight alpha. Components are 0…1; wider colour spaces go beyond. A
+/// value: any thread.
 struct Color {
     float red = 0;
     float green = 0;

@@ -1,17 +1,11 @@
-#include "driftwood/util/geometry.hpp"
+#include "core/geometry.hpp"
 
 #include "core/fatal.hpp"
 
 #include <algorithm>
 #include <cmath>
 
-namespace driftwood {
-
-using core::EdgeInsets;
-using core::Point;
-using core::Rect;
-using core::Size;
-
+namespace core {
 namespace {
 
 /// Half away from zero.
@@ -34,10 +28,8 @@ Point multiply(const Point& point, double factor) {
 }
 
 Rect integral(const Rect& rect) {
-    const auto [left, right] = std::minmax({rect.origin.x, rect.maxX()});
-    const auto [top, bottom] = std::minmax({rect.origin.y, rect.maxY()});
-    const Point origin{std::floor(left), std::floor(top)};
-    return {origin, {std::ceil(right) - origin.x, std::ceil(bottom) - origin.y}};
+    const Point origin{std::floor(rect.origin.x), std::floor(rect.origin.y)};
+    return {origin, {std::ceil(rect.maxX()) - origin.x, std::ceil(rect.maxY()) - origin.y}};
 }
 
 Rect integral(const Rect& rect, double scaleFactor) {
@@ -59,7 +51,7 @@ Rect centerX(const Rect& rect, const Rect& container, double scaleFactor,
     double x = roundedToPixels(midPoint(container).x - 0.5 * rect.size.width, scaleFactor);
     if (xRange) {
         if (!(xRange->lower <= xRange->upper)) {
-            core::fatal("centerX needs a range from a lower to an upper bound");
+            fatal("centerX needs a range from a lower to an upper bound");
         }
         x = std::clamp(x, xRange->lower, xRange->upper);
     }
@@ -90,6 +82,10 @@ Rect outset(const Rect& rect, const EdgeInsets& insets, bool flipped) {
 
 Size inset(const Size& size, const EdgeInsets& insets) {
     return {size.width - insets.left - insets.right, size.height - insets.top - insets.bottom};
+}
+
+Rect atLeastEmpty(const Rect& rect) {
+    return {rect.origin, componentwiseMax(rect.size, {})};
 }
 
 bool hasNonZeroDimensions(const Rect& rect) {
@@ -124,4 +120,4 @@ Point componentwiseMin(const Point& a, const Point& b) {
     return {std::min(a.x, b.x), std::min(a.y, b.y)};
 }
 
-} // namespace driftwood
+} // namespace core

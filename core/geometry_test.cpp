@@ -1,4 +1,4 @@
-#include "driftwood/util/geometry.hpp"
+#include "core/geometry.hpp"
 
 #include <gtest/gtest.h>
 
@@ -7,13 +7,8 @@
 #include <limits>
 #include <random>
 
-namespace driftwood {
+namespace core {
 namespace {
-
-using core::EdgeInsets;
-using core::Point;
-using core::Rect;
-using core::Size;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
@@ -30,7 +25,7 @@ TEST(Geometry, AnswersTheKnownCases) {
     } cases[] = {
         {integral(rect(0.3, 0.3, 10.2, 10.2), 2), rect(0, 0, 10.5, 10.5)},
         {integral(rect(0.3, 0.3, 10.2, 10.2), 0), rect(0.3, 0.3, 10.2, 10.2)},
-        {integral(rect(-0.5, 3, 1, -1.5)), rect(-1, 1, 2, 2)},
+        {integral(rect(-0.5, 3, 1, -1.5)), rect(-1, 3, 2, -1)}, // turned round by nothing
         {center(rect(7, 7, 10, 10), box, 1), rect(10, 10, 10, 10)},
         {center(rect(0, 0, 9, 40), box, 1), rect(11, -5, 9, 40)},  // 10.5 up, -5 as it is
         {center(rect(0, 0, 30, 33), box, 1), rect(0, -2, 30, 33)}, // -1.5 away from zero
@@ -46,6 +41,7 @@ TEST(Geometry, AnswersTheKnownCases) {
         {inset(rect(0, 0, 100, 20), {1, 2, 3, 4}, false), rect(2, 3, 94, 16)},
         {inset(rect(0, 0, 100, 20), {1, 2, 3, 4}, true), rect(2, 1, 94, 16)},
         {inset(rect(0, 0, 9, 9), {0.5, 0, 0, 0}, true), rect(0, 0, 9, 9)},
+        {atLeastEmpty(inset(rect(0, 0, 4, 4), {3, 3, 3, 3}, false)), rect(3, 3, 0, 0)},
         {outset(rect(2, 3, 94, 16), {1, 2, 3, 4}, false), rect(0, 0, 100, 20)},
         {rect(1, 2, 3, 4) / 0.5, rect(2, 4, 6, 8)},
     };
@@ -109,4 +105,4 @@ TEST(GeometryDeathTest, RefusesRangesThatAreNone) {
 }
 
 } // namespace
-} // namespace driftwood
+} // namespace core

@@ -1,38 +1,41 @@
 #include "core/main_queue.hpp"
 
-#include <bit>
+#include "core/fatal.hpp"
 
 namespace core {
 
-// The ring is the bounded queue with a sequence number in each cell (after D. Vyukov), with one
-// consumer. Going to sleep is Dekker's pattern: a producer publishes and then reads `isAwake_`, the
-// consumer clears `isAwake_` and then looks for work; with all four accesses sequentially
-// consistent at least one of them sees the other.
+// Going to sleep is Dekker's pattern: a producer publishes and then reads `isAwake_`, the consumer
+// clears `isAwake_` and then looks for work; with all four accesses sequentially consistent at
+// least one of them sees the other. A new waker is the same once more: it is stored, the queue is
+// put to sleep, and then the consumer looks for work.
 
-MainQueue::MainQueue(std::size_t capacity)
-    : mask_(std::bit_ceil(capacity < 2 ? 2 : capacity) - 1),
-      cells_(std::make_unique<Cell[]>(mask_ + 1)) {
-    for (std::size_t i = 0; i <= mask_; ++i) {
-        cells_[i].sequence.store(i, std::memory_order_relaxed);
-    }
-}
+MainQueue::MainQueue(std::size_t capacity) : ring_(capacity) {}
 
 MainQueue::~MainQueue() {
     // Nobody posts any more; what was never run is destroyed.
-    for (;;) {
-        Cell& cell = cells_[dequeuePosition_ & mask_];
-        if (cell.sequence.load(std::memory_order_acquire) != dequeuePosition_ + 1) {
-            break;
-        }
-        ++dequeuePosition_;
-        cell.run(cell.storage, false);
+    for (auto ticket = ring_.take(); ticket.cell != nullptr; ticket = ring_.take()) {
+        ticket.cell->run(ticket.cell->storage, false);
     }
+    // What stands in both lists is discarded with the second one.
     while (taken_ != nullptr) {
-        std::exchange(taken_, taken_->nextTaken_)->discard();
+        Mergeable* const entry = std::exchange(taken_, taken_->nextTaken_);
+        if (!entry->isInLine_.load(std::memory_order_acquire)) {
+            entry->discard();
+        }
     }
-    for (Mergeable* entry = overflow_.load(std::memory_order_acquire);
-         entry != nullptr && entry != &marker_;) {
-        std::exchange(entry, entry->next_)->discard();
+    for (;;) {
+        Mergeable* entry = nullptr;
+        {
+            const std::lock_guard lock(lineMutex_);
+            sortLine();
+            entry = first_;
+            if (entry == nullptr) {
+                return;
+            }
+            unlink(*entry);
+            entry->isInLine_.store(false, std::memory_order_relaxed);
+        }
+        entry->discard(); // may end others, which withdraw
     }
 }
 
@@ -40,32 +43,6 @@ MainQueue& MainQueue::shared() {
     // Never destroyed: threads of a host may still post while the process ends.
     static MainQueue* const queue = new MainQueue; // NOLINT
     return *queue;
-}
-
-MainQueue::Ticket MainQueue::claim() noexcept {
-    if (overflow_.load(std::memory_order_acquire) != nullptr) {
-        return {nullptr, 0};
-    }
-    std::size_t position = enqueuePosition_.load(std::memory_order_relaxed);
-    for (;;) {
-        Cell& cell = cells_[position & mask_];
-        const std::size_t sequence = cell.sequence.load(std::memory_order_acquire);
-        if (sequence == position) {
-            if (enqueuePosition_.compare_exchange_weak(position, position + 1,
-                                                       std::memory_order_relaxed)) {
-                return {&cell, position};
-            }
-        } else if (sequence < position) {
-            return {nullptr, 0}; // full
-        } else {
-            position = enqueuePosition_.load(std::memory_order_relaxed);
-        }
-    }
-}
-
-void MainQueue::publish(Ticket ticket) noexcept {
-    ticket.cell->sequence.store(ticket.position + 1, std::memory_order_seq_cst);
-    wakeIfAsleep();
 }
 
 void MainQueue::putInLine(Mergeable* entry) noexcept {
@@ -80,79 +57,158 @@ void MainQueue::putInLine(Mergeable* entry) noexcept {
 void MainQueue::wakeIfAsleep() noexcept {
     if (!isAwake_.load(std::memory_order_seq_cst) &&
         !isAwake_.exchange(true, std::memory_order_seq_cst)) {
-        if (Waker* const waker = waker_.load(std::memory_order_acquire)) {
+        // Counted first: whoever takes the waker away then waits for this thread, or this thread
+        // does not see it any more.
+        waking_.fetch_add(1, std::memory_order_seq_cst);
+        if (Waker* const waker = waker_.load(std::memory_order_seq_cst)) {
             waker->wake();
         }
+        waking_.fetch_sub(1, std::memory_order_release);
     }
 }
 
-void MainQueue::setWaker(Waker* waker) {
-    mainThread_.store(std::this_thread::get_id(), std::memory_order_relaxed);
-    waker_.store(waker, std::memory_order_release);
-    if (waker != nullptr && hasWork()) {
-        isAwake_.store(true, std::memory_order_seq_cst);
+void MainQueue::claimMainThread() {
+    std::thread::id owner = mainThread_.load(std::memory_order_relaxed);
+    const auto self = std::this_thread::get_id();
+    if (owner != self &&
+        (owner != std::thread::id() || !mainThread_.compare_exchange_strong(owner, self))) {
+        fatal("A main queue is drained, or its waker changed, on another thread than its main "
+              "thread");
+    }
+}
+
+void MainQueue::addWaker(Waker& waker) {
+    claimMainThread();
+    wakers_.push_back(&waker);
+    tell(&waker);
+}
+
+void MainQueue::removeWaker(Waker& waker) {
+    claimMainThread();
+    std::erase(wakers_, &waker);
+    tell(wakers_.empty() ? nullptr : wakers_.back());
+    if (wakers_.empty()) {
+        mainThread_.store({}, std::memory_order_relaxed);
+    }
+}
+
+// Whoever was told before may have meant to come back without being woken.
+void MainQueue::tell(Waker* waker) {
+    waker_.store(waker, std::memory_order_seq_cst);
+    while (waking_.load(std::memory_order_seq_cst) != 0) {
+        std::this_thread::yield();
+    }
+    isAwake_.store(false, std::memory_order_seq_cst);
+    if (hasWork() && !isAwake_.exchange(true, std::memory_order_seq_cst) && waker != nullptr) {
         waker->wake();
     }
 }
 
 bool MainQueue::hasWork() const noexcept {
-    const Cell& cell = cells_[dequeuePosition_ & mask_];
-    if (cell.sequence.load(std::memory_order_seq_cst) == dequeuePosition_ + 1) {
+    if (ring_.hasNext()) {
         return true;
     }
     if (taken_ != nullptr) {
         // Waits for a cell that is claimed but not published yet; its producer wakes us.
-        return takenBehind_ == dequeuePosition_;
+        return takenBehind_ == ring_.nextPosition();
     }
     return overflow_.load(std::memory_order_seq_cst) != nullptr;
 }
 
-// Moves the second line over, oldest first, once the former one is through. What stood in the ring
-// when the states were copied has to run before them, hence `takenBehind_`. Returns false when
-// nobody stood there; then the marker is gone, too, and the ring is open again.
+// Moves what was put in line since the last time behind what stands there, oldest first.
+void MainQueue::sortLine() noexcept {
+    if (overflow_.load(std::memory_order_acquire) == nullptr) {
+        return;
+    }
+    Mergeable* entry = overflow_.exchange(&marker_, std::memory_order_acq_rel);
+    Mergeable* newest = nullptr;
+    Mergeable* oldest = nullptr;
+    while (entry != nullptr && entry != &marker_) {
+        Mergeable* const older = entry->next_;
+        entry->next_ = oldest;
+        entry->previous_ = nullptr;
+        if (oldest != nullptr) {
+            oldest->previous_ = entry;
+        } else {
+            newest = entry;
+        }
+        oldest = std::exchange(entry, older);
+    }
+    if (oldest == nullptr) {
+        return;
+    }
+    oldest->previous_ = last_;
+    (last_ != nullptr ? last_->next_ : first_) = oldest;
+    last_ = newest;
+}
+
+void MainQueue::unlink(Mergeable& entry) noexcept {
+    (entry.previous_ != nullptr ? entry.previous_->next_ : first_) = entry.next_;
+    (entry.next_ != nullptr ? entry.next_->previous_ : last_) = entry.previous_;
+}
+
+void MainQueue::withdraw(Mergeable& state) noexcept {
+    if (!state.isInLine_.load(std::memory_order_acquire)) {
+        return;
+    }
+    const std::lock_guard lock(lineMutex_);
+    // The main thread may just have passed it over.
+    if (state.isInLine_.load(std::memory_order_relaxed)) {
+        sortLine();
+        unlink(state);
+        state.isInLine_.store(false, std::memory_order_relaxed);
+    }
+}
+
+// Takes over the second line once the former one is through. What stood in the ring when the
+// states were copied has to run before them, hence `takenBehind_`. Returns false when nobody stood
+// there; then the marker is gone, too, and the ring is open again.
 bool MainQueue::takeOverflow() noexcept {
-    Mergeable* line = overflow_.load(std::memory_order_acquire);
-    if (line == nullptr) {
+    if (overflow_.load(std::memory_order_acquire) == nullptr) {
         return false;
     }
-    if (line == &marker_ && overflow_.compare_exchange_strong(line, nullptr)) {
+    const std::lock_guard lock(lineMutex_);
+    Mergeable* marker = &marker_;
+    if (first_ == nullptr && overflow_.compare_exchange_strong(marker, nullptr)) {
         return false;
     }
-    line = overflow_.exchange(&marker_, std::memory_order_acq_rel);
-    while (line != nullptr && line != &marker_) {
-        line->nextTaken_ = taken_;
-        taken_ = line;
-        line = line->next_;
-    }
-    for (Mergeable* entry = taken_; entry != nullptr; entry = entry->nextTaken_) {
-        entry->leaveLine();
+    sortLine();
+    Mergeable* entry = std::exchange(first_, nullptr);
+    last_ = nullptr;
+    Mergeable* lastTaken = nullptr;
+    while (entry != nullptr) {
+        Mergeable* const next = entry->next_;
+        const bool isAlive = entry->leaveLine();
         // An exchange, not a store: it sees what was stored before a `merge` that found `true`.
         entry->isInLine_.exchange(false, std::memory_order_acq_rel);
-        entry->take();
+        if (isAlive) {
+            entry->take();
+            entry->nextTaken_ = nullptr;
+            (lastTaken != nullptr ? lastTaken->nextTaken_ : taken_) = entry;
+            lastTaken = entry;
+        }
+        entry = next;
     }
-    takenBehind_ = enqueuePosition_.load(std::memory_order_seq_cst);
+    takenBehind_ = ring_.endPosition();
     return true;
 }
 
 bool MainQueue::runNext() {
-    if (taken_ != nullptr && dequeuePosition_ == takenBehind_) {
+    if (taken_ != nullptr && ring_.nextPosition() == takenBehind_) {
         std::exchange(taken_, taken_->nextTaken_)->apply();
         return true;
     }
-    const std::size_t position = dequeuePosition_;
-    Cell& cell = cells_[position & mask_];
-    if (cell.sequence.load(std::memory_order_acquire) == position + 1) {
-        // Moved on before the call, which may drain in turn.
-        ++dequeuePosition_;
-        cell.run(cell.storage, true);
-        cell.sequence.store(position + mask_ + 1, std::memory_order_release);
+    // Leaves the order before it is run, since it may drain in turn.
+    if (const auto ticket = ring_.take(); ticket.cell != nullptr) {
+        ticket.cell->run(ticket.cell->storage, true);
+        ring_.release(ticket);
         return true;
     }
     return taken_ == nullptr && takeOverflow();
 }
 
 bool MainQueue::drain(std::size_t budget) {
-    mainThread_.store(std::this_thread::get_id(), std::memory_order_relaxed);
+    claimMainThread();
     isAwake_.store(true, std::memory_order_relaxed);
     for (;;) {
         while (budget > 0 && runNext()) {
@@ -170,6 +226,7 @@ bool MainQueue::drain(std::size_t budget) {
 }
 
 MainQueue::Next MainQueue::pump(std::size_t budget) {
+    claimMainThread();
     isAwake_.store(true, std::memory_order_relaxed);
     std::size_t ran = 0;
     while (ran < budget && runNext()) {

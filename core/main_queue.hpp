@@ -1,14 +1,18 @@
 #pragma once
 
+#include "core/ring.hpp"
+
 #include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <new>
 #include <thread>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace core {
 
@@ -21,20 +25,21 @@ class Waker {
 };
 
 /// Something whose newest state is carried to the main thread when the queue has no room left for
-/// every single change: however often it is put in line, it stands there once. Whoever put it in
-/// line keeps it alive until it has left.
+/// every single change: however often it is put in line, it stands there once. It keeps itself
+/// alive until it has left, or withdraws from the queue before it ends.
 class Mergeable {
   public:
     /// Main thread, while nobody else can put the object in line: the place to move whatever keeps
-    /// it alive to where only the main thread sees it.
-    virtual void leaveLine() noexcept {}
+    /// it alive to where only the main thread sees it. False when it is just ending on another
+    /// thread; then none of the others is called.
+    virtual bool leaveLine() noexcept { return true; }
     /// Main thread: copies the newest state aside. Everything stored before a `merge` that found
     /// the object in line is part of it; whoever stores something later puts it in line again.
     virtual void take() noexcept = 0;
     /// Main thread: makes the state that was taken visible. It may drain the queue, and so take
     /// the next state, before it returns.
     virtual void apply() = 0;
-    /// Called in place of the three above when the queue is destroyed first.
+    /// Called once in place of the three above when the queue is destroyed first.
     virtual void discard() noexcept {}
 
   protected:
@@ -44,6 +49,7 @@ class Mergeable {
     friend class MainQueue;
     std::atomic<bool> isInLine_{false};
     Mergeable* next_ = nullptr;      // in line
+    Mergeable* previous_ = nullptr;  // in line, once it has been sorted
     Mergeable* nextTaken_ = nullptr; // on the main thread
 };
 
@@ -54,6 +60,9 @@ class Mergeable {
 /// The tasks stand in a ring of fixed size. When it is full, further ones stand in a second line,
 /// which is drained behind the ring; until that line is empty again everything new goes there, so
 /// that the order holds. There a `Mergeable` costs no memory, and a task one heap block.
+///
+/// The main thread is the one that adds the first waker or, without any, drains first. It stays so
+/// until the last waker is removed. Draining on another thread stops the program.
 class MainQueue {
   public:
     /// Tasks up to this size (in bytes) are stored in the ring itself; a larger one stands in the
@@ -88,7 +97,10 @@ class MainQueue {
         static_assert(std::is_invocable_v<Stored&>);
         if constexpr (sizeof(Stored) <= inlineTaskSize &&
                       alignof(Stored) <= alignof(std::max_align_t)) {
-            Ticket ticket = claim();
+            if (overflow_.load(std::memory_order_acquire) != nullptr) {
+                return false;
+            }
+            const auto ticket = ring_.claim();
             if (ticket.cell == nullptr) {
                 return false;
             }
@@ -100,7 +112,8 @@ class MainQueue {
                 }
                 std::destroy_at(stored);
             };
-            publish(ticket);
+            ring_.publish(ticket);
+            wakeIfAsleep();
             return true;
         } else {
             // Too large for a cell: a boxed task in the second line keeps the order, too.
@@ -128,6 +141,10 @@ class MainQueue {
         return true;
     }
 
+    /// Takes `state` out of the second line, if it stands there. Any thread but an audio thread;
+    /// for the end of objects that the line does not keep alive. Nobody puts it in line meanwhile.
+    void withdraw(Mergeable& state) noexcept;
+
     /// Main thread: runs up to `budget` tasks. Returns true when something may be left to do, and
     /// drain should be called again soon without waiting to be woken. A task may call it, too.
     bool drain(std::size_t budget = SIZE_MAX);
@@ -145,25 +162,32 @@ class MainQueue {
     /// posts a burst would otherwise have to wake the main thread again and again, which costs it
     /// more than the posts, most of all when both share a processor. The price is that the rest of
     /// a burst may arrive `pumpInterval` later. `drain` may be called in between.
-    Next pump(std::size_t budget = SIZE_MAX);
+    [[nodiscard]] Next pump(std::size_t budget = SIZE_MAX);
 
-    /// Who is told that there is work. Null leaves the queue to be drained by hand. The waker has
-    /// to outlive the last post. Main thread.
-    void setWaker(Waker* waker);
+    /// Who is told that there is work; of several, the one that was added last. Without any, the
+    /// queue is drained by hand. Main thread, but not from within `wake`.
+    void addWaker(Waker& waker);
+    /// When this returns, `waker` is not being called on any thread, nor will it be. Another one
+    /// that is left is told of the work that waits.
+    void removeWaker(Waker& waker);
 
-    /// True on the thread that drained the queue last or set its waker; false everywhere before
-    /// that. Any thread.
+    /// Whether this is the main thread's id; false everywhere while there is none. Any thread.
     [[nodiscard]] bool isMainThread() const noexcept {
         return mainThread_.load(std::memory_order_relaxed) == std::this_thread::get_id();
     }
 
-    [[nodiscard]] std::size_t capacity() const { return mask_ + 1; }
+    /// Whether there is a main thread, so that what is posted will be run. Any thread.
+    [[nodiscard]] bool isAttended() const noexcept {
+        return mainThread_.load(std::memory_order_relaxed) != std::thread::id();
+    }
+
+    [[nodiscard]] std::size_t capacity() const { return ring_.capacity(); }
 
   private:
     static constexpr std::size_t cacheLine = 64;
 
     struct alignas(cacheLine) Cell {
-        std::atomic<std::size_t> sequence; // position: free; position + 1: holds a task
+        std::atomic<std::size_t> sequence;
         void (*run)(void* storage, bool call) = nullptr;
         alignas(std::max_align_t) std::byte storage[inlineTaskSize];
     };
@@ -191,33 +215,35 @@ class MainQueue {
         void apply() override {}
     };
 
-    struct Ticket {
-        Cell* cell; // null: no room
-        std::size_t position;
-    };
-
-    Ticket claim() noexcept;
-    void publish(Ticket ticket) noexcept;
     void putInLine(Mergeable* entry) noexcept;
     void wakeIfAsleep() noexcept;
+    void claimMainThread();
+    void tell(Waker* waker);
     bool runNext();
     bool hasWork() const noexcept;
     bool takeOverflow() noexcept;
+    void sortLine() noexcept;
+    void unlink(Mergeable& entry) noexcept;
 
-    const std::size_t mask_;
-    const std::unique_ptr<Cell[]> cells_;
+    Ring<Cell> ring_;
     Marker marker_;
 
-    alignas(cacheLine) std::atomic<std::size_t> enqueuePosition_{0};
     alignas(cacheLine) std::atomic<Mergeable*> overflow_{nullptr}; // newest first
     alignas(cacheLine) std::atomic<bool> isAwake_{false};
     std::atomic<Waker*> waker_{nullptr};
+    std::atomic<int> waking_{0}; // threads that may be calling a waker
     std::atomic<std::thread::id> mainThread_{};
 
     // The main thread's own.
-    alignas(cacheLine) std::size_t dequeuePosition_ = 0;
-    Mergeable* taken_ = nullptr;  // oldest first
+    alignas(cacheLine) Mergeable* taken_ = nullptr; // oldest first
     std::size_t takenBehind_ = 0; // ring position before which everything runs first
+    std::vector<Waker*> wakers_;
+
+    // What has been sorted out of `overflow_`, oldest first; while there is any, the marker stands
+    // there. The mutex is never locked by those who post.
+    std::mutex lineMutex_;
+    Mergeable* first_ = nullptr;
+    Mergeable* last_ = nullptr;
 };
 
 } // namespace core

@@ -25,15 +25,23 @@ class Number final : public Mergeable, public std::enable_shared_from_this<Numbe
         newest_.store(value, std::memory_order_release);
         queue.merge(*this, [this] { entering_ = shared_from_this(); });
     }
-    void leaveLine() noexcept override { leaving_ = std::move(entering_); }
+    bool leaveLine() noexcept override {
+        leaving_ = std::move(entering_);
+        return true;
+    }
     void take() noexcept override { taken_ = newest_.load(std::memory_order_acquire); }
     void apply() override {
         const auto alive = std::move(leaving_);
         shown = taken_;
         ++applied;
     }
-    void discard() noexcept override { entering_.reset(); }
+    void discard() noexcept override {
+        ++discarded;
+        const auto first = std::move(entering_);
+        const auto second = std::move(leaving_);
+    }
     int shown = 0;
+    int discarded = 0;
     int applied = 0;
 
   private:
@@ -65,7 +73,7 @@ TEST(MainQueue, WakesOnceUntilItIsDrainedAndKeepsToTheBudget) {
     int ran = 0;
     queue.post([&] { ++ran; });
     CountingWaker waker;
-    queue.setWaker(&waker);
+    queue.addWaker(waker);
     EXPECT_EQ(waker.count, 1) << "what was posted before is not forgotten";
     for (int i = 0; i < 9; ++i) {
         queue.post([&] { ++ran; });
@@ -85,7 +93,7 @@ TEST(MainQueue, PumpedStaysAwakeUntilNothingWasToDo) {
     using Next = MainQueue::Next;
     MainQueue queue;
     CountingWaker waker;
-    queue.setWaker(&waker);
+    queue.addWaker(waker);
     const auto post = [&] { queue.post([] {}); };
     post();
     post();
@@ -102,6 +110,59 @@ TEST(MainQueue, PumpedStaysAwakeUntilNothingWasToDo) {
     EXPECT_EQ(queue.pump(), Next::whenWoken) << "drained in between";
     post();
     EXPECT_EQ(waker.count, 3);
+}
+
+TEST(MainQueue, AWakerThatComesAfterAnotherIsToldOfEverything) {
+    const auto leaveAwake = {
+        +[](MainQueue& queue) {
+            queue.post([] {});
+            EXPECT_EQ(queue.pump(), MainQueue::Next::soon);
+        },
+        +[](MainQueue& queue) {
+            queue.post([] {});
+            EXPECT_TRUE(queue.drain(1)); // the bound is reached, nothing is left
+        },
+        +[](MainQueue&) {},
+    };
+    for (const auto leave : leaveAwake) {
+        MainQueue queue;
+        CountingWaker older;
+        CountingWaker newer;
+        queue.addWaker(older);
+        leave(queue);
+        queue.removeWaker(older);
+        EXPECT_FALSE(queue.isAttended());
+        queue.addWaker(newer);
+        queue.post([] {});
+        EXPECT_EQ(newer.count, 1) << "the older one meant to come back";
+    }
+    // Of two at once either may go first.
+    for (const bool newerGoesFirst : {true, false}) {
+        MainQueue queue;
+        CountingWaker wakers[2];
+        queue.addWaker(wakers[0]);
+        queue.addWaker(wakers[1]);
+        queue.removeWaker(wakers[newerGoesFirst ? 1 : 0]);
+        queue.post([] {});
+        EXPECT_EQ(wakers[newerGoesFirst ? 0 : 1].count, 1);
+        EXPECT_TRUE(queue.isAttended());
+        queue.removeWaker(wakers[newerGoesFirst ? 0 : 1]);
+    }
+}
+
+TEST(MainQueue, DrainingOnAnotherThreadStopsTheProgram) {
+    MainQueue queue;
+    queue.drain();
+    EXPECT_DEATH(std::thread([&] { queue.drain(); }).join(), "another thread than its main thread");
+    CountingWaker waker;
+    EXPECT_DEATH(std::thread([&] { queue.addWaker(waker); }).join(), "another thread");
+    queue.addWaker(waker);
+    queue.removeWaker(waker);
+    std::thread([&] { // a host may open its next editor on another thread
+        EXPECT_FALSE(queue.drain());
+        EXPECT_TRUE(queue.isMainThread());
+    })
+        .join();
 }
 
 TEST(MainQueue, ATaskMayDrainAndPost) {
@@ -145,6 +206,49 @@ TEST(MainQueue, ReleasesWhatItNeverRan) {
     }
     EXPECT_EQ(task.use_count(), 1);
     EXPECT_EQ(number.use_count(), 1);
+}
+
+TEST(MainQueue, DiscardsOnceWhatStandsInBothOfItsLists) {
+    const auto number = std::make_shared<Number>();
+    {
+        MainQueue queue(2);
+        queue.post([] {});
+        queue.post([] {});
+        number->send(queue, 1);
+        queue.drain(3); // both tasks, and the line is taken over
+        number->send(queue, 2);
+        EXPECT_EQ(number->applied, 0);
+    }
+    EXPECT_EQ(number->discarded, 1);
+    EXPECT_EQ(number.use_count(), 1);
+}
+
+TEST(MainQueue, WhatEndsInLineIsPassedOver) {
+    struct Ending final : Mergeable {
+        explicit Ending(std::vector<int>& out, int number) : order(out), value(number) {}
+        bool leaveLine() noexcept override { return value != 3; }
+        void take() noexcept override {}
+        void apply() override { order.push_back(value); }
+        std::vector<int>& order;
+        int value;
+    };
+    std::vector<int> order;
+    std::array<Ending, 6> all{Ending{order, 0}, Ending{order, 1}, Ending{order, 2},
+                              Ending{order, 3}, Ending{order, 4}, Ending{order, 5}};
+    MainQueue queue;
+    for (int i = 0; i < 4; ++i) {
+        queue.merge(all[static_cast<std::size_t>(i)], [] {});
+    }
+    queue.withdraw(all[1]);
+    queue.withdraw(all[1]);
+    queue.merge(all[4], [] {});
+    queue.merge(all[5], [] {});
+    queue.withdraw(all[5]);
+    queue.withdraw(all[0]);
+    queue.merge(all[0], [] {});
+    queue.drain();
+    EXPECT_EQ(order, (std::vector<int>{2, 4, 0}));
+    EXPECT_TRUE(queue.tryPost([] {})) << "the ring is open again";
 }
 
 // Several producers on a small ring, so that it overflows all the time: per producer the order
@@ -205,7 +309,7 @@ TEST(MainQueue, NeverLosesAWakeUp) {
     };
     MainQueue queue(16);
     Semaphore waker;
-    queue.setWaker(&waker);
+    queue.addWaker(waker);
     constexpr int count = 50'000;
     int ran = 0;
     std::thread producer([&] {
@@ -230,6 +334,76 @@ TEST(MainQueue, NeverLosesAWakeUp) {
     }
     producer.join();
     EXPECT_EQ(ran, count);
+}
+
+// An editor's waker comes and goes while an audio thread posts.
+TEST(MainQueue, AWakerIsNotCalledAnyMoreOnceItIsRemoved) {
+    static std::atomic<int> calls;
+    class SlowWaker final : public Waker {
+      public:
+        ~SlowWaker() override { EXPECT_EQ(calls, 0); }
+        void wake() noexcept override {
+            ++calls;
+            std::this_thread::sleep_for(std::chrono::microseconds(20));
+            --calls;
+        }
+    };
+    MainQueue queue;
+    std::atomic<bool> isOver{false};
+    std::thread audio([&] {
+        while (!isOver) {
+            queue.post([] {});
+            std::this_thread::yield();
+        }
+    });
+    for (int editor = 0; editor < 500; ++editor) {
+        const auto waker = std::make_unique<SlowWaker>();
+        queue.addWaker(*waker);
+        queue.drain();
+        for (int spin = 0; calls == 0 && spin < 1000; ++spin) {
+            std::this_thread::yield();
+        }
+        queue.removeWaker(*waker); // in the midst of a call
+    }
+    isOver = true;
+    audio.join();
+}
+
+// Each queue gets its first post beside its first waker, in every shift against each other. If that
+// wake-up is lost, then so is every later one.
+TEST(MainQueue, AFirstPostBesideANewWakerIsNotLost) {
+    constexpr std::size_t count = 2000;
+    int lost = 0;
+    for (unsigned round = 0; round < 100; ++round) {
+        std::vector<std::unique_ptr<MainQueue>> queues;
+        std::vector<CountingWaker> wakers(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            queues.push_back(std::make_unique<MainQueue>(2));
+        }
+        std::atomic<std::size_t> turn{0};
+        std::thread poster([&] {
+            for (std::size_t i = 0; i < count; ++i) {
+                for (int spin = 0; turn.load(std::memory_order_relaxed) <= i; ++spin) {
+                    if (spin % 2048 == 2047) {
+                        std::this_thread::yield();
+                    }
+                }
+                queues[i]->post([] {});
+            }
+        });
+        std::atomic<unsigned> delay{0};
+        for (std::size_t i = 0; i < count; ++i) {
+            turn.store(i + 1, std::memory_order_relaxed);
+            for (unsigned d = 0; d < (i * 7 + round) % 97; ++d) {
+                delay.fetch_add(1, std::memory_order_relaxed);
+            }
+            queues[i]->addWaker(wakers[i]);
+        }
+        poster.join();
+        lost += static_cast<int>(
+            std::ranges::count_if(wakers, [](const auto& waker) { return waker.count == 0; }));
+    }
+    EXPECT_EQ(lost, 0);
 }
 
 } // namespace

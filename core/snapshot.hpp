@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/thread_state.hpp"
+
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
@@ -13,7 +15,7 @@
 namespace platform {
 
 /// How many snapshots the calling thread is reading right now, of any type.
-inline thread_local int snapshotReadDepth = 0;
+LARKVOX_AUDIO_THREAD_LOCAL inline int snapshotReadDepth = 0;
 
 /// A value that is read on any thread without locks and replaced as a whole now and then. A reader
 /// keeps what it has begun to read for as long as it reads, also while the value is replaced.

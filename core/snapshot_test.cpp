@@ -1,4 +1,4 @@
-#include "platform/audio/snapshot.hpp"
+#include "core/snapshot.hpp"
 
 #include <gtest/gtest.h>
 
