@@ -51,7 +51,8 @@ const QImage& ImageAsset::image(qreal devicePixelRatio) const {
     if (variant == variants_.end()) {
         variant = std::prev(variants_.end());
     }
-    QImage image(bundle_.filePath(QString::fromStdString(variant->second)));
+    // Named, because guessing the format loads every plug-in for images.
+    QImage image(bundle_.filePath(QString::fromStdString(variant->second)), "PNG");
     image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     // The reader takes a ratio from the file's name; pixels are meant here.
     image.setDevicePixelRatio(1);

@@ -22,6 +22,7 @@ struct ImageEntry {
     std::map<int, std::string> variants; ///< file name, relative to the bundle, by scale (1, 2, 3)
 };
 
+/// The colour space of a colour's components.
 enum class ColorEncoding { sRGB, displayP3 };
 
 /// A colour with components from 0 to 1: red, green, blue, alpha (not premultiplied).
@@ -38,7 +39,7 @@ struct FaceEntry {
 };
 
 /// The table of contents of a resource bundle, its file "Assets.json": images, colours and
-/// typefaces by name. The format is described in artwork/README.md.
+/// typefaces by name. The format is described in artwork/README.md. Any thread.
 struct AssetManifest {
     std::map<std::string, ImageEntry, std::less<>> images;
     std::map<std::string, ColorEntry, std::less<>> colors;

@@ -4,12 +4,51 @@
 #include "platform/audio/node_state.hpp"
 #include "platform/audio/parameter_attributes.hpp"
 
+#include <bit>
+
 namespace platform {
 namespace {
 
 AUValue clamped(AUValue value, AUValue lower, AUValue upper) {
     const AUValue notBelow = value >= lower ? value : lower; // NaN is not
     return notBelow <= upper ? notBelow : upper;
+}
+
+std::uint64_t packed(std::uint32_t number, AUValue value) {
+    return std::uint64_t{number} << 32 | std::bit_cast<std::uint32_t>(value);
+}
+
+AUValue valueIn(std::uint64_t state) {
+    return std::bit_cast<AUValue>(static_cast<std::uint32_t>(state));
+}
+
+const AUParameterNode::ValueObserver* nearestValueObserver(const detail::CallbackChain& outermost) {
+    const AUParameterNode::ValueObserver* nearest = nullptr;
+    for (const auto* level = &outermost; level != nullptr; level = level->inner) {
+        if (level->callbacks.valueObserver) {
+            nearest = &level->callbacks.valueObserver;
+        }
+    }
+    return nearest;
+}
+
+// From the inside out.
+void tellObservers(const detail::CallbackChain& level, const AUParameterAutomationEvent& event,
+                   AUParameterObserverToken originator) {
+    if (level.inner != nullptr) {
+        tellObservers(*level.inner, event, originator);
+    }
+    for (const auto& observer : level.callbacks.observers) {
+        if ((originator && observer->token == originator) ||
+            observer->isRemoved.load(std::memory_order_acquire)) {
+            continue;
+        }
+        if (observer->onValue) {
+            observer->onValue(event.address, event.value);
+        } else if (observer->onAutomation) {
+            observer->onAutomation(event);
+        }
+    }
 }
 
 } // namespace
@@ -24,10 +63,14 @@ AUParameter::AUParameter(Attributes attributes)
       flags_(attributes.flags),
       valueStrings_(std::move(attributes.valueStrings)),
       dependentParameters_(std::move(attributes.dependentParameters)),
-      value_(attributes.min) {}
+      written_(packed(0, attributes.min)) {}
+
+AUValue AUParameter::writtenValue() const {
+    return valueIn(written_.load(std::memory_order_seq_cst));
+}
 
 AUValue AUParameter::value() const {
-    AUValue result = value_.load(std::memory_order_acquire);
+    AUValue result = writtenValue();
     detail::visitUpwards(*state_, [&](const detail::NodeCallbacks& callbacks) {
         if (!callbacks.valueProvider) {
             return false;
@@ -38,32 +81,48 @@ AUValue AUParameter::value() const {
     return result;
 }
 
-void AUParameter::setValue(AUValue value, AUParameterObserverToken originator,
-                           std::uint64_t hostTime, AUParameterAutomationEventType eventType) {
+AUParameterWrite AUParameter::setValue(AUValue value, AUParameterObserverToken originator,
+                                       std::uint64_t hostTime,
+                                       AUParameterAutomationEventType eventType) {
     const AUValue stored = clamped(value, minValue_, maxValue_);
-    value_.store(stored, std::memory_order_release);
-    detail::visitUpwards(*state_, [&](const detail::NodeCallbacks& callbacks) {
-        if (!callbacks.valueObserver) {
-            return false;
+    // Value and number in one: the numbers are in the order in which the value changed.
+    std::uint64_t before = written_.load(std::memory_order_relaxed);
+    std::uint64_t after = 0;
+    do {
+        after = packed(numberIn(before).number + 1, stored);
+    } while (!written_.compare_exchange_weak(before, after, std::memory_order_seq_cst,
+                                             std::memory_order_relaxed));
+    const ToldWrite told(*this, stored, numberIn(after));
+    detail::withCallbacks(*state_, nullptr, [&](const detail::CallbackChain& outermost) {
+        if (const auto* const nearest = nearestValueObserver(outermost)) {
+            (*nearest)(*this, stored);
         }
-        callbacks.valueObserver(*this, stored);
-        return true;
+        tellObservers(outermost, {hostTime, address_, stored, eventType}, originator);
     });
-    const AUParameterAutomationEvent event{hostTime, address_, stored, eventType};
-    detail::visitUpwards(*state_, [&](const detail::NodeCallbacks& callbacks) {
-        for (const auto& observer : callbacks.observers) {
-            if ((originator && observer->token == originator) ||
-                observer->isRemoved.load(std::memory_order_acquire)) {
-                continue;
-            }
-            if (observer->onValue) {
-                observer->onValue(address_, stored);
-            } else if (observer->onAutomation) {
-                observer->onAutomation(event);
-            }
+    return told.number;
+}
+
+AUParameter::ToldWrite::ToldWrite(const AUParameter& written, AUValue newValue,
+                                  AUParameterWrite write)
+    : parameter(&written), value(newValue), number(write), outer(toldWrite) {
+    toldWrite = this;
+}
+
+AUParameter::ToldWrite::~ToldWrite() {
+    toldWrite = outer;
+}
+
+AUParameterWrite AUParameter::numberBetweenWrites() {
+    return {numberIn(written_.fetch_add(packed(1, 0), std::memory_order_acq_rel)).number + 1};
+}
+
+std::optional<AUParameterWrite> AUParameter::findWriteBeingTold(AUValue value) const {
+    for (const ToldWrite* told = toldWrite; told != nullptr; told = told->outer) {
+        if (told->parameter == this && told->value == value) {
+            return told->number;
         }
-        return false;
-    });
+    }
+    return std::nullopt;
 }
 
 std::string AUParameter::string(const AUValue* value) const {

@@ -73,6 +73,22 @@ struct AUParameterObserverToken {
     friend bool operator==(AUParameterObserverToken, AUParameterObserverToken) = default;
 };
 
+/// Numbers the writes to one parameter, from all threads, in the order in which its value took
+/// them.
+struct AUParameterWrite {
+    std::uint32_t number = 0; ///< wraps round
+
+    /// Whether this came before `other`; those compared are less than half of the numbers apart.
+    [[nodiscard]] bool isBefore(AUParameterWrite other) const {
+        return static_cast<std::int32_t>(number - other.number) < 0;
+    }
+    /// The same for any two, as seen from `last`, the newest there is.
+    [[nodiscard]] bool isBefore(AUParameterWrite other, AUParameterWrite last) const {
+        return last.number - number > last.number - other.number;
+    }
+    friend bool operator==(AUParameterWrite, AUParameterWrite) = default;
+};
+
 /// Now, in host time units: nanoseconds on the machine's monotonic clock. Makes no system call on
 /// the systems this runs on. Any thread.
 [[nodiscard]] std::uint64_t AudioGetCurrentHostTime() noexcept;

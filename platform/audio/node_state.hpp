@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/snapshot.hpp"
 #include "platform/audio/au_parameter_node.hpp"
-#include "platform/audio/snapshot.hpp"
 
 #include <atomic>
 
@@ -42,6 +42,30 @@ void visitUpwards(const NodeState& node, Visit&& visit) {
         return;
     }
     visitUpwards(*callbacks->parent, visit);
+}
+
+/// The callbacks of a node and of those above it, held against changes; `inner` is the level below.
+struct CallbackChain {
+    const NodeCallbacks& callbacks;
+    const CallbackChain* inner;
+};
+
+/// Calls `visit(outermost)` once with the whole chain, or not at all when there is none.
+template<class Visit>
+void withCallbacks(const NodeState& node, const CallbackChain* inner, Visit&& visit) {
+    const auto callbacks = node.callbacks.read();
+    if (!callbacks) {
+        if (inner != nullptr) {
+            visit(*inner);
+        }
+        return;
+    }
+    const CallbackChain chain{*callbacks, inner};
+    if (callbacks->parent == nullptr) {
+        visit(chain);
+    } else {
+        withCallbacks(*callbacks->parent, &chain, visit);
+    }
 }
 
 } // namespace platform::detail

@@ -1,31 +1,24 @@
 #include "platform/audio/parameter_event_queue.hpp"
 
 #include <algorithm>
-#include <bit>
 
 namespace platform {
 
 ParameterEventQueue::ParameterEventQueue(std::size_t capacity)
-    : capacity_(std::max<std::size_t>(capacity, 1)),
-      mask_(std::bit_ceil(capacity_) - 1),
-      cells_(std::make_unique<Cell[]>(mask_ + 1)) {
-    for (std::size_t i = 0; i <= mask_; ++i) {
-        cells_[i].sequence.store(i, std::memory_order_relaxed);
-    }
+    : capacity_(std::max<std::size_t>(capacity, 1)), ring_(capacity_) {
     waiting_.reserve(capacity_);
 }
 
 bool ParameterEventQueue::schedule(const AUParameterEvent& event) noexcept {
-    // The reservation bounds what is in the cells and in the heap together, so that whoever has
-    // one finds a free cell; acquiring passes on that the render thread is through with it.
+    // The reservation bounds what is in the ring and in the heap together, so that whoever has one
+    // finds a cell; acquiring passes on that the render thread is through with it.
     if (reserved_.fetch_add(1, std::memory_order_acquire) >= capacity_) {
         reserved_.fetch_sub(1, std::memory_order_relaxed);
         return false;
     }
-    const std::size_t position = enqueuePosition_.fetch_add(1, std::memory_order_acq_rel);
-    Cell& cell = cells_[position & mask_];
-    cell.event = event;
-    cell.sequence.store(position + 1, std::memory_order_release);
+    const auto ticket = ring_.claim();
+    ticket.cell->event = event;
+    ring_.publish(ticket);
     return true;
 }
 
@@ -61,14 +54,10 @@ AUAudioFrameCount ParameterEventQueue::offsetIn(const AUParameterEvent& event,
 }
 
 void ParameterEventQueue::collect() noexcept {
-    for (;;) {
-        Cell& cell = cells_[dequeuePosition_ & mask_];
-        if (cell.sequence.load(std::memory_order_acquire) != dequeuePosition_ + 1) {
-            return;
-        }
-        waiting_.push_back({cell.event, dequeuePosition_});
+    for (auto ticket = ring_.take(); ticket.cell != nullptr; ticket = ring_.take()) {
+        waiting_.push_back({ticket.cell->event, ticket.position});
         std::ranges::push_heap(waiting_, isLater);
-        ++dequeuePosition_;
+        ring_.release(ticket);
     }
 }
 

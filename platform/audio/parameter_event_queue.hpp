@@ -1,11 +1,11 @@
 #pragma once
 
+#include "core/ring.hpp"
 #include "platform/audio/au_types.hpp"
 
 #include <atomic>
 #include <cstddef>
 #include <limits>
-#include <memory>
 #include <vector>
 
 namespace platform {
@@ -47,7 +47,7 @@ class ParameterEventQueue {
 
   private:
     struct Cell {
-        std::atomic<std::size_t> sequence; // position: free; position + 1: holds an event
+        std::atomic<std::size_t> sequence;
         AUParameterEvent event;
     };
     struct Waiting {
@@ -64,13 +64,10 @@ class ParameterEventQueue {
     AUParameterEvent takeFirst() noexcept;
 
     const std::size_t capacity_;
-    const std::size_t mask_;
-    const std::unique_ptr<Cell[]> cells_;
+    core::Ring<Cell> ring_;
     std::atomic<std::size_t> reserved_{0}; // scheduled and not applied
-    std::atomic<std::size_t> enqueuePosition_{0};
 
     // The render thread's own.
-    std::size_t dequeuePosition_ = 0;
     std::vector<Waiting> waiting_; // a heap, the next one in front; never grows beyond `capacity_`
 };
 

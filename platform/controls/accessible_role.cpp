@@ -1,4 +1,6 @@
-#include "platform/ui/accessible_role.hpp"
+#include "platform/controls/accessible_role.hpp"
+
+#include "platform/controls/accessible_factory.hpp"
 
 #include <QAccessibleWidget>
 #include <QVariant>
@@ -9,10 +11,9 @@ namespace {
 
 constexpr const char* property = "_accessibleRole";
 
-/// Asked for every object, with its class and then the classes that it derives from.
-QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
-    const QVariant role = object->isWidgetType() ? object->property(property) : QVariant();
-    return role.isValid() ? new QAccessibleWidget(static_cast<QWidget*>(object),
+QAccessibleInterface* make(QObject& object) {
+    const QVariant role = object.property(property);
+    return role.isValid() ? new QAccessibleWidget(static_cast<QWidget*>(&object),
                                                   static_cast<QAccessible::Role>(role.toInt()))
                           : nullptr;
 }
@@ -20,7 +21,7 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
 } // namespace
 
 void setAccessibleRole(QWidget& widget, QAccessible::Role role) {
-    [[maybe_unused]] static const bool isInstalled = (QAccessible::installFactory(make), true);
+    addAccessibleMaker(QWidget::staticMetaObject, make);
     widget.setProperty(property, static_cast<int>(role));
 }
 

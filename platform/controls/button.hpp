@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "platform/controls/abstract_button.hpp"
+
 #include <QFont>
 #include <QMarginsF>
 
@@ -30,9 +31,10 @@ class ButtonStyle {
                        const ButtonConfiguration& configuration) const = 0;
 };
 
-/// A push button painted by a style. Space and Return press it; keyboard focus shows as a ring.
-/// Put it into a layout as a `PaddedItem` with the style's padding.
-class Button final : public QAbstractButton {
+/// A push button painted by a style, pressed as all buttons are; keyboard focus shows as a ring. A
+/// disabled one gives way under the pointer, and does nothing. Put it into a layout as a
+/// `PaddedItem` with the style's padding. Main thread.
+class Button final : public AbstractButton {
     Q_OBJECT
 
   public:
@@ -49,17 +51,12 @@ class Button final : public QAbstractButton {
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
-    bool event(QEvent* event) override;
+    [[nodiscard]] bool yieldsWhileDisabled() const override { return true; }
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
   private:
     std::shared_ptr<const ButtonStyle> style_;
     double labelWidth_ = 0;
-    bool showsFocus_ = false;
-    bool isPressedWhileDisabled_ = false;
 };
 
 } // namespace platform

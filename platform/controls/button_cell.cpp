@@ -1,9 +1,11 @@
-#include "platform/ui/cells/button_cell.hpp"
+#include "platform/controls/button_cell.hpp"
 
 #include "platform/assets/asset_catalog.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
 
 #include <QPainter>
+
+#include <utility>
 
 namespace platform {
 namespace {
@@ -12,8 +14,13 @@ constexpr double framedMargin = 8; // from a bezel's edge to what stands on it
 
 } // namespace
 
+ButtonCell::ButtonCell(QString title) : title_(std::move(title)) {
+    setCellState({.showsState = false});
+    setBordered(true);
+}
+
 StateValue ButtonCell::nextState() const {
-    switch (cellState_.state) {
+    switch (cellState().state) {
     case StateValue::on:
         return StateValue::off;
     case StateValue::off:
@@ -55,19 +62,12 @@ core::Size ButtonCell::cellSize() const {
     return naturalSize(parts(false));
 }
 
-void ButtonCell::draw(const core::Rect& frame, const CellCanvas& canvas) const {
-    if (hasFrame()) {
-        drawBezel(frame, canvas);
-    }
-    drawInterior(frame, canvas);
-}
-
-void ButtonCell::drawBezel(const core::Rect& /*frame*/, const CellCanvas& /*canvas*/) const {}
-
 void ButtonCell::drawInterior(const core::Rect& frame, const CellCanvas& canvas) const {
     const core::Rect inner = drawingRect(frame);
     if (image_ != nullptr && imagePosition_ != ImagePosition::noImage) {
-        drawImage(*image_, imageRect(inner, canvas.isRightToLeft), canvas);
+        CellCanvas forImage = canvas;
+        forImage.mirrorsImages = canvas.isRightToLeft && imageFollowsReading_;
+        drawImage(*image_, imageRect(inner, canvas.isRightToLeft), forImage);
     }
     if (!title_.isEmpty() && imagePosition_ != ImagePosition::imageOnly) {
         drawTitle(title_, titleRect(inner, canvas.isRightToLeft), canvas);
@@ -79,14 +79,14 @@ void ButtonCell::drawImage(const ImageAsset& image, const core::Rect& frame,
     const QSizeF size = image.size();
     const bool isEverywhere = imageScaling_ == ImageScaling::axesIndependently;
     paintCellImage(canvas, scaledImageRect(frame, {size.width(), size.height()}, imageScaling_),
-                   image, cellState_.isEnabled ? 1.0 : 0.5,
+                   image, cellState().isEnabled ? 1.0 : 0.5,
                    isEverywhere ? CellImageResizing::stretch : CellImageResizing::asTheImageSays);
 }
 
 void ButtonCell::drawTitle(const QString& title, const core::Rect& frame,
                            const CellCanvas& canvas) const {
     QColor color = canvas.controlTextColor;
-    if (!cellState_.isEnabled) {
+    if (!cellState().isEnabled) {
         color.setAlphaF(color.alphaF() * 0.5F);
     }
     paintTitle(title, frame, canvas, color);

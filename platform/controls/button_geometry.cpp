@@ -1,4 +1,4 @@
-#include "platform/ui/cells/button_geometry.hpp"
+#include "platform/controls/button_geometry.hpp"
 
 #include "core/fatal.hpp"
 
@@ -36,21 +36,10 @@ core::Rect withoutMargins(const core::Rect& bounds, double margin) {
 
 } // namespace
 
-core::Rect integral(const core::Rect& rect) {
-    const double x = std::floor(rect.origin.x);
-    const double y = std::floor(rect.origin.y);
-    return {{x, y}, {std::ceil(rect.maxX()) - x, std::ceil(rect.maxY()) - y}};
-}
-
-core::Rect insetForCell(const core::Rect& rect, const core::EdgeInsets& insets) {
-    return integral({{rect.origin.x + insets.left, rect.origin.y + insets.bottom},
-                     {std::max(0.0, rect.size.width - (insets.left + insets.right)),
-                      std::max(0.0, rect.size.height - (insets.top + insets.bottom))}});
-}
-
 core::Rect centeredVertically(const core::Rect& rect, const core::Rect& bounds) {
     const double middle = bounds.origin.y + bounds.size.height * 0.5;
-    return integral({{rect.origin.x, std::round(middle - rect.size.height * 0.5)}, rect.size});
+    return core::integral(
+        {{rect.origin.x, std::round(middle - rect.size.height * 0.5)}, rect.size});
 }
 
 core::Rect defaultImageRect(const core::Rect& bounds, const ButtonParts& parts) {
@@ -128,6 +117,26 @@ core::Size naturalSize(const ButtonParts& parts) {
         break;
     }
     return {std::ceil(size.width + 2 * parts.margin), std::ceil(size.height)};
+}
+
+core::Size bezelSize(const core::Size& natural, const core::Size& image,
+                     const core::EdgeInsets& insets, std::optional<double> fixedWidth,
+                     BezelRule rule) {
+    const double width = fixedWidth.value_or(natural.width);
+    if (!core::hasNonZeroDimensions(image)) {
+        return {width, natural.height};
+    }
+    switch (rule) {
+    case BezelRule::tallAsImageOrFixedWidth:
+        return core::inset(
+            core::Size{std::max(width, fixedWidth.value_or(image.width)), image.height}, insets);
+    case BezelRule::tallAsImage:
+        return core::inset(core::Size{std::max(width, image.width), image.height}, insets);
+    case BezelRule::atLeastImage:
+        break;
+    }
+    const core::Size size = core::inset(core::componentwiseMax(natural, image), insets);
+    return {fixedWidth.value_or(size.width), size.height};
 }
 
 core::Rect scaledImageRect(const core::Rect& frame, const core::Size& image, ImageScaling scaling) {

@@ -2,6 +2,8 @@
 
 #include "core/geometry.hpp"
 
+#include <optional>
+
 namespace platform {
 
 /// Where a button's image stands beside its title. The values count.
@@ -18,6 +20,8 @@ enum class ImagePosition {
 };
 
 /// How an image fills its place. The values count, and so do those beyond them: they are fatal.
+/// Only `axesIndependently` changes its size; `none` puts it in the middle of the place, at whole
+/// points from the place's own origin.
 enum class ImageScaling {
     proportionallyDown = 0,
     axesIndependently = 1,
@@ -44,14 +48,6 @@ struct ButtonParts {
 /// Between image and title, in points.
 inline constexpr double imageTitleGap = 4;
 
-/// The smallest rectangle with whole edges around it.
-[[nodiscard]] core::Rect integral(const core::Rect& rect);
-
-/// The one rule by which cells inset a rectangle: it moves by the left and the *bottom* inset,
-/// shrinks by both of each direction, and then grows to whole edges. It is not symmetric: the
-/// artwork is laid out against exactly this.
-[[nodiscard]] core::Rect insetForCell(const core::Rect& rect, const core::EdgeInsets& insets);
-
 /// Moved up or down to the middle of the bounds, to a whole y, and grown to whole edges.
 [[nodiscard]] core::Rect centeredVertically(const core::Rect& rect, const core::Rect& bounds);
 
@@ -64,6 +60,24 @@ inline constexpr double imageTitleGap = 4;
 
 /// What its parts need, without a bezel around them.
 [[nodiscard]] core::Size naturalSize(const ButtonParts& parts);
+
+/// How the size of a control follows from the image of its bezel.
+enum class BezelRule {
+    /// As tall as the image, and at least as wide unless its width is fixed: push buttons.
+    tallAsImageOrFixedWidth,
+    /// As tall as the image and at least as wide, also where its width is fixed: pop-up buttons and
+    /// segments.
+    tallAsImage,
+    /// At least as large as the image; a fixed width is the whole one: fields, and bezels with room
+    /// around them.
+    atLeastImage
+};
+
+/// The size between the alignment insets. `natural` is what the content needs, and all there is
+/// without an image (an empty one); a fixed width takes the place of the natural one.
+[[nodiscard]] core::Size bezelSize(const core::Size& natural, const core::Size& image,
+                                   const core::EdgeInsets& insets, std::optional<double> fixedWidth,
+                                   BezelRule rule);
 
 /// Where the pixels of an image go for its place and scaling; a scaling without a name is fatal.
 /// Only `axesIndependently` resizes.

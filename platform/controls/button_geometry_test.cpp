@@ -1,4 +1,4 @@
-#include "platform/ui/cells/button_geometry.hpp"
+#include "platform/controls/button_geometry.hpp"
 
 #include <gtest/gtest.h>
 
@@ -14,25 +14,7 @@ void PrintTo(const Rect& r, std::ostream* out) {
 namespace platform {
 namespace {
 
-using core::EdgeInsets;
 using core::Rect;
-
-TEST(ButtonGeometry, InsetsMoveByTheBottomAndEndAtWholeEdges) {
-    const struct {
-        Rect rect;
-        EdgeInsets insets;
-        Rect expected;
-    } cases[] = {
-        {{{0, 0}, {100, 20}}, {1, 2, 3, 4}, {{2, 3}, {94, 16}}},
-        {{{10, 5}, {100, 20}}, {3, 0, 2, 12}, {{10, 7}, {88, 15}}},
-        {{{0, 0}, {100, 20}}, {0.5, 0.5, 0.25, 0}, {{0, 0}, {100, 20}}},
-        {{{0, 0}, {100, 20}}, {-2, -2, -2, -2}, {{-2, -2}, {104, 24}}},
-        {{{0, 0}, {4, 4}}, {3, 3, 3, 3}, {{3, 3}, {0, 0}}}, // nothing is left, not less
-    };
-    for (const auto& [rect, insets, expected] : cases) {
-        EXPECT_EQ(insetForCell(rect, insets), expected);
-    }
-}
 
 TEST(ButtonGeometry, CentresOnTheBoundsAndRoundsItsPlace) {
     EXPECT_EQ(centeredVertically({{5, 90}, {10, 13}}, {{0, 0}, {100, 24}}),
@@ -79,6 +61,31 @@ TEST(ButtonGeometry, NaturalSizeHoldsWhatIsShown) {
     EXPECT_EQ(size(ImagePosition::imageAbove, {40, 12}), (core::Size{50, 36}));
     EXPECT_EQ(size(ImagePosition::imageOnly, {40, 12}), (core::Size{26, 20}));
     EXPECT_EQ(size(ImagePosition::noImage, {40, 12}), (core::Size{50, 12}));
+}
+
+TEST(ButtonGeometry, ABezelGivesTheSize) {
+    const core::EdgeInsets insets{3, 2, 3, 2};
+    using enum BezelRule;
+    const struct {
+        BezelRule rule;
+        core::Size natural, image;
+        std::optional<double> fixedWidth;
+        core::Size size;
+    } cases[] = {
+        {tallAsImageOrFixedWidth, {10, 30}, {24, 24}, {}, {20, 18}},
+        {tallAsImageOrFixedWidth, {50, 12}, {24, 24}, {}, {46, 18}},
+        {tallAsImageOrFixedWidth, {50, 12}, {24, 24}, 10, {6, 18}},
+        {tallAsImageOrFixedWidth, {50, 12}, {}, 10, {10, 12}},
+        {tallAsImage, {50, 12}, {24, 24}, 10, {20, 18}},
+        {tallAsImage, {50, 12}, {24, 24}, {}, {46, 18}},
+        {atLeastImage, {50, 12}, {24, 24}, {}, {46, 18}},
+        {atLeastImage, {50, 32}, {24, 24}, {}, {46, 26}},
+        {atLeastImage, {50, 12}, {24, 24}, 10, {10, 18}},
+    };
+    for (const auto& [rule, natural, image, fixedWidth, size] : cases) {
+        EXPECT_EQ(bezelSize(natural, image, insets, fixedWidth, rule), size)
+            << static_cast<int>(rule) << ' ' << natural.height;
+    }
 }
 
 TEST(ButtonGeometry, ImagesAreDrawnByTheirScaling) {

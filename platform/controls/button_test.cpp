@@ -1,8 +1,8 @@
 #include "platform/assets/asset_catalog.hpp"
+#include "platform/controls/button.hpp"
+#include "platform/controls/glyph_button.hpp"
+#include "platform/controls/image_view.hpp"
 #include "platform/testing/window_testing.hpp"
-#include "platform/ui/button.hpp"
-#include "platform/ui/glyph_button.hpp"
-#include "platform/ui/image_view.hpp"
 
 #include <QAccessible>
 #include <QPainter>
@@ -108,6 +108,14 @@ TEST_F(ButtonTest, GivesWayButDoesNothingWhileDisabled) {
         QTest::mouseRelease(&button, Qt::LeftButton, {}, inside);
         EXPECT_EQ(body(), QColor(0, 100, 0));
     }
+    // It follows the pointer as an enabled one does.
+    QTest::mousePress(&button, Qt::LeftButton, {}, inside);
+    QTest::mouseMove(&button, outside);
+    EXPECT_EQ(body(), QColor(0, 100, 0));
+    QTest::mouseMove(&button, inside);
+    EXPECT_EQ(body(), QColor(100, 0, 0));
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, outside);
+    EXPECT_EQ(body(), QColor(0, 100, 0));
     QTest::mouseDClick(&button, Qt::LeftButton, {}, inside);
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_EQ(clicks.count(), 0);

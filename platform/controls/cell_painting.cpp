@@ -1,13 +1,10 @@
-#include "platform/ui/cells/cell_painting.hpp"
+#include "platform/controls/cell_painting.hpp"
 
 #include "platform/assets/asset_catalog.hpp"
 #include "platform/assets/image_painter.hpp"
 
 #include <QCache>
-#include <QFontMetricsF>
 #include <QPainter>
-
-#include <cmath>
 
 namespace platform {
 namespace {
@@ -18,12 +15,13 @@ struct PictureKey {
     QSize size;   // device pixels
     QRgb tint;
     bool isStretched;
+    bool isMirrored;
     friend bool operator==(const PictureKey&, const PictureKey&) = default;
 };
 
 size_t qHash(const PictureKey& key, size_t seed = 0) {
     return qHashMulti(seed, key.image, key.size.width(), key.size.height(), key.tint,
-                      key.isStretched);
+                      key.isStretched, key.isMirrored);
 }
 
 constexpr qsizetype keptBytes = 8 * 1024 * 1024;
@@ -65,7 +63,7 @@ void paintCellImage(const CellCanvas& canvas, const core::Rect& rect, const Imag
     const QColor tint = image.isTemplate() ? canvas.controlTextColor : QColor(Qt::black);
     const bool isStretched = resizing == CellImageResizing::stretch &&
                              QSizeF(rect.size.width, rect.size.height) != image.size();
-    if (image.resizing() == ImageResizing::none && !isStretched) {
+    if (image.resizing() == ImageResizing::none && !isStretched && !canvas.mirrorsImages) {
         painter.setOpacity(before * opacity);
         paintImage(painter, toQRectF(rect), image, tint);
         painter.setOpacity(before);
@@ -80,11 +78,14 @@ void paintCellImage(const CellCanvas& canvas, const core::Rect& rect, const Imag
     if (pixels.isNull() || size.isEmpty()) {
         return;
     }
-    const PictureKey key{pixels.cacheKey(), size, tint.rgba(), isStretched};
+    const PictureKey key{pixels.cacheKey(), size, tint.rgba(), isStretched, canvas.mirrorsImages};
     const QImage* picture = pictures.object(key);
     QImage uncached;
     if (picture == nullptr) {
         uncached = makePicture(image, size, scale, tint, isStretched);
+        if (canvas.mirrorsImages) {
+            uncached = uncached.mirrored(true, false);
+        }
         picture = &uncached;
         pictures.insert(key, new QImage(uncached), uncached.sizeInBytes());
     }
@@ -92,58 +93,6 @@ void paintCellImage(const CellCanvas& canvas, const core::Rect& rect, const Imag
     painter.setOpacity(before * opacity);
     painter.drawImage(place, *picture);
     painter.setOpacity(before);
-}
-
-void paintControlFocusRing(QPainter& painter, const core::Rect& bounds, const QColor& color) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    QColor light = color;
-    light.setAlphaF(light.alphaF() * 0.3F);
-    painter.setBrush(light);
-    painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawRoundedRect(toQRectF(bounds).adjusted(1, 1, -1, -1), 3, 3);
-    painter.restore();
-}
-
-void TitleText::layOut(const QString& text, const QFont& font) {
-    if (paintedWidth_ >= -0.5 && text == text_ && font == font_) {
-        return;
-    }
-    text_ = text;
-    font_ = font;
-    const QFontMetricsF metrics(font);
-    size_ = {metrics.horizontalAdvance(text), metrics.height()};
-    paintedWidth_ = 0;
-    painterScale_ = 0;
-}
-
-core::Size TitleText::size(const QString& text, const QFont& font) {
-    layOut(text, font);
-    return size_;
-}
-
-void TitleText::paint(QPainter& painter, const core::Rect& rect, const QString& text,
-                      const QFont& font, const QColor& color) {
-    layOut(text, font);
-    painter.setFont(font);
-    const double scale = painter.deviceTransform().m11();
-    const double room = std::floor(rect.size.width);
-    if (room != paintedWidth_ || scale != painterScale_) {
-        const bool isWhole = size_.width <= rect.size.width + 0.5;
-        painted_ = QStaticText(
-            isWhole ? text : QFontMetricsF(font).elidedText(text, Qt::ElideRight, room));
-        painted_.setTextFormat(Qt::PlainText);
-        painted_.setPerformanceHint(QStaticText::AggressiveCaching);
-        painted_.prepare(painter.transform(), font);
-        paintedWidth_ = room;
-        painterScale_ = scale;
-    }
-    painter.setPen(color);
-    const QSizeF size = painted_.size();
-    painter.drawStaticText(
-        QPointF(std::round(rect.origin.x + (rect.size.width - size.width()) * 0.5),
-                std::round(rect.origin.y + (rect.size.height - size.height()) * 0.5)),
-        painted_);
 }
 
 } // namespace platform

@@ -3,9 +3,7 @@
 #include "core/geometry.hpp"
 
 #include <QColor>
-#include <QFont>
 #include <QRectF>
-#include <QStaticText>
 
 class QPainter;
 
@@ -18,6 +16,7 @@ struct CellCanvas {
     QPainter& painter;
     QColor controlTextColor; ///< template images are filled with it
     bool isRightToLeft = false;
+    bool mirrorsImages = false; ///< left and right change places within an image
 };
 
 inline QRectF toQRectF(const core::Rect& rect) {
@@ -34,29 +33,5 @@ enum class CellImageResizing { asTheImageSays, stretch };
 /// together once for a size and scale and then kept. Edges fall on device pixels.
 void paintCellImage(const CellCanvas& canvas, const core::Rect& rect, const ImageAsset& image,
                     double opacity, CellImageResizing resizing = CellImageResizing::asTheImageSays);
-
-/// The focus ring of controls: a rounded rectangle of radius 3, a point inside of the bounds,
-/// filled lightly and outlined 2 points wide.
-void paintControlFocusRing(QPainter& painter, const core::Rect& bounds, const QColor& color);
-
-/// One line of text, laid out once and painted often; a text that is too long is cut at its tail.
-class TitleText {
-  public:
-    /// The size of the whole text in points.
-    core::Size size(const QString& text, const QFont& font);
-    /// Paints it in the middle of the rectangle.
-    void paint(QPainter& painter, const core::Rect& rect, const QString& text, const QFont& font,
-               const QColor& color);
-
-  private:
-    void layOut(const QString& text, const QFont& font);
-
-    QString text_;
-    QFont font_;
-    core::Size size_;
-    double paintedWidth_ = -1; // the room that `painted_` was made for
-    double painterScale_ = 0;
-    QStaticText painted_;
-};
 
 } // namespace platform

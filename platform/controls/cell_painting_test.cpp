@@ -1,4 +1,4 @@
-#include "platform/ui/cells/cell_painting.hpp"
+#include "platform/controls/cell_painting.hpp"
 
 #include "platform/assets/asset_catalog.hpp"
 

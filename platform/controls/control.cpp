@@ -1,4 +1,4 @@
-#include "platform/ui/cells/control.hpp"
+#include "platform/controls/control.hpp"
 
 #include <utility>
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QRectF>
 #include <Qt>
 
@@ -25,7 +26,16 @@ inline bool showsFocusAfter(Qt::FocusReason reason, bool before) {
     }
 }
 
-/// Paints the one focus ring of the house just inside of `bounds`, with corners of that radius.
+/// Whether the inside of a focus ring is tinted, too: of a button it is; a text or a picture keeps
+/// its colours.
+enum class FocusRingFill { light, none };
+
+/// The one focus ring of the house: 2 points wide just inside of `bounds`, its middle line a
+/// rounded rectangle; filled with the colour at 0.3. Main thread.
+void paintFocusRing(QPainter& painter, const QRectF& bounds, const QColor& color, double radius = 3,
+                    FocusRingFill fill = FocusRingFill::light);
+
+/// The same around what is not to be tinted, in the palette's colour of the active window.
 void paintFocusRing(QPainter& painter, const QRectF& bounds, double radius,
                     const QPalette& palette);
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "platform/controls/abstract_button.hpp"
 
 namespace platform {
 
 class AssetCatalog;
 
 /// A small flat button that shows a template image and lights up under the pointer: the controls in
-/// a window's corner.
-class GlyphButton final : public QAbstractButton {
+/// a window's corner. Main thread.
+class GlyphButton final : public AbstractButton {
     Q_OBJECT
 
   public:
@@ -19,14 +19,11 @@ class GlyphButton final : public QAbstractButton {
     [[nodiscard]] QSize sizeHint() const override { return {28, 28}; }
 
   protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QString glyph_;
     const AssetCatalog& assets_;
-    bool showsFocus_ = false;
 };
 
 } // namespace platform

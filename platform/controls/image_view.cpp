@@ -1,8 +1,8 @@
-#include "platform/ui/image_view.hpp"
+#include "platform/controls/image_view.hpp"
 
 #include "platform/assets/asset_catalog.hpp"
 #include "platform/assets/image_painter.hpp"
-#include "platform/ui/accessible_role.hpp"
+#include "platform/controls/accessible_role.hpp"
 
 #include <QPainter>
 

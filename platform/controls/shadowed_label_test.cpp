@@ -1,4 +1,4 @@
-#include "platform/ui/shadowed_label.hpp"
+#include "platform/controls/shadowed_label.hpp"
 
 #include <gtest/gtest.h>
 

@@ -8,6 +8,10 @@ namespace platform {
 using Clock = std::chrono::steady_clock;
 
 FramePacer::FramePacer(std::function<void()> tick) : tick_(std::move(tick)) {
+    if (deadline_.get() >= 0) {
+        notifier_ = std::make_unique<QSocketNotifier>(deadline_.get(), QSocketNotifier::Read);
+        QObject::connect(notifier_.get(), &QSocketNotifier::activated, &timer_, [this] { fire(); });
+    }
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setSingleShot(true);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { fire(); });
@@ -18,23 +22,35 @@ void FramePacer::setFramesPerSecond(int framesPerSecond) {
 }
 
 void FramePacer::start() {
-    if (!timer_.isActive()) {
+    if (!isRunning_) {
+        isRunning_ = true;
         next_ = Clock::now();
         schedule();
     }
 }
 
 void FramePacer::stop() {
-    timer_.stop();
+    if (isRunning_) {
+        isRunning_ = false;
+        deadline_.clear();
+        timer_.stop();
+    }
 }
 
 void FramePacer::schedule() {
     using std::chrono::milliseconds;
-    const auto wait = std::chrono::round<milliseconds>(next_ - Clock::now());
-    timer_.start(std::max(wait, milliseconds(0)));
+    if (notifier_ != nullptr) {
+        deadline_.set(next_);
+    } else {
+        const auto wait = std::chrono::round<milliseconds>(next_ - Clock::now());
+        timer_.start(std::max(wait, milliseconds(0)));
+    }
 }
 
 void FramePacer::fire() {
+    if (!isRunning_) {
+        return; // stopped when the deadline had been noticed already
+    }
     const auto now = Clock::now();
     const auto interval = std::chrono::nanoseconds(std::chrono::seconds(1)) / framesPerSecond_;
     next_ += interval;

@@ -27,9 +27,22 @@ std::vector<GpuApi> candidates() {
 #endif
 }
 
+FrameResult toFrameResult(QRhi::FrameOpResult result) {
+    switch (result) {
+    case QRhi::FrameOpSuccess:
+        return FrameResult::success;
+    case QRhi::FrameOpDeviceLost:
+        return FrameResult::deviceLost;
+    default:
+        return FrameResult::error;
+    }
+}
+
 } // namespace
 
 GpuDevice::GpuDevice(GpuApi api) : api_(api) {}
+
+GpuDevice::GpuDevice(const GpuDevice& device) = default;
 
 GpuDevice::~GpuDevice() = default;
 
@@ -91,6 +104,14 @@ std::shared_ptr<GpuDevice> GpuDevice::systemDefault() {
         return nullptr;
     }();
     return device;
+}
+
+FrameResult GpuDevice::beginFrame(QRhi& rhi, QRhiCommandBuffer*& commands) {
+    return toFrameResult(rhi.beginOffscreenFrame(&commands));
+}
+
+FrameResult GpuDevice::endFrame(QRhi& rhi) {
+    return toFrameResult(rhi.endOffscreenFrame());
 }
 
 std::shared_ptr<GpuDevice> GpuDevice::headless(GpuApi api) {

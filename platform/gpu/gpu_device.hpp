@@ -4,17 +4,21 @@
 
 class QOffscreenSurface;
 class QRhi;
+class QRhiCommandBuffer;
 
 namespace platform {
 
 enum class GpuApi { openGL, vulkan, metal, null };
 
+/// How a frame operation of the device ended.
+enum class FrameResult { success, error, deviceLost };
+
 /// A graphics device. Views in windows draw with the device that the window composites with; a
-/// headless device belongs to whoever holds it and draws into memory only. Main thread.
+/// headless device belongs to whoever holds it and draws into memory only. A derived device stands
+/// for another one and may watch its frames: time them, count them, or have them fail. Main thread.
 class GpuDevice {
   public:
-    ~GpuDevice();
-    GpuDevice(const GpuDevice&) = delete;
+    virtual ~GpuDevice();
     GpuDevice& operator=(const GpuDevice&) = delete;
 
     /// The device that windows are composited with, null when the machine (or the window system in
@@ -32,13 +36,22 @@ class GpuDevice {
     /// The device's own interface; null for the system's default device, where it is the window's.
     [[nodiscard]] QRhi* rhi() const { return rhi_.get(); }
 
+    /// Begins a frame beside the window's own ones, with its commands in `commands`, and ends it.
+    /// `rhi` is the window's or this device's own. Every frame of a view goes through these.
+    virtual FrameResult beginFrame(QRhi& rhi, QRhiCommandBuffer*& commands);
+    virtual FrameResult endFrame(QRhi& rhi);
+
+  protected:
+    /// The same device once more, for devices that are derived.
+    GpuDevice(const GpuDevice& device);
+
   private:
     explicit GpuDevice(GpuApi api);
     bool start();
 
     GpuApi api_;
-    std::unique_ptr<QOffscreenSurface> surface_; // outlives rhi_
-    std::unique_ptr<QRhi> rhi_;
+    std::shared_ptr<QOffscreenSurface> surface_; // outlives rhi_
+    std::shared_ptr<QRhi> rhi_;
 };
 
 } // namespace platform

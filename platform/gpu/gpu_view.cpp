@@ -1,12 +1,10 @@
 #include "platform/gpu/gpu_view.hpp"
 
-#include "platform/gpu/gpu_view_objects.hpp"
+#include "platform/gpu/internal/gpu_view_objects.hpp"
 #include "platform/gpu/qrhi_private.hpp"
 
-#include <QBackingStore>
 #include <QEvent>
 #include <QPointer>
-#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -18,81 +16,16 @@ namespace {
 constexpr int patience = 3;
 constexpr std::chrono::milliseconds retryAfter{100};
 
-QPlatformBackingStoreRhiConfig configFor(const GpuDevice* device) {
-    using Config = QPlatformBackingStoreRhiConfig;
-    if (device == nullptr || device->rhi() != nullptr) {
-        return {};
-    }
-    switch (device->api()) {
-    case GpuApi::vulkan:
-        return Config(Config::Vulkan);
-    case GpuApi::metal:
-        return Config(Config::Metal);
-    default:
-        return Config(Config::OpenGL);
-    }
-}
-
-/// Gives a window that is shown a new device. The toolkit's own way leaves the window's compositor
-/// with what it has made on the device before, and nothing is composited any more.
-void replaceBackingStore(QWidget& window, const QPlatformBackingStoreRhiConfig& config) {
-    QTLWExtra* const top = QWidgetPrivate::get(&window)->maybeTopData();
-    if (top == nullptr || top->backingStore == nullptr || window.windowHandle() == nullptr) {
-        return;
-    }
-    delete std::exchange(top->backingStore, nullptr); // first: one device at a time on a window
-    top->backingStore = new QBackingStore(window.windowHandle()); // owned by the window
-    top->backingStore->handle()->setRhiConfig(config);
-    if (top->repaintManager != nullptr) {
-        top->repaintManager->setBackingStore(top->backingStore);
-    }
-    window.update();
-}
-
-FrameResult toFrameResult(QRhi::FrameOpResult result) {
-    switch (result) {
-    case QRhi::FrameOpSuccess:
-        return FrameResult::success;
-    case QRhi::FrameOpDeviceLost:
-        return FrameResult::deviceLost;
-    default:
-        return FrameResult::error;
-    }
-}
-
 } // namespace
 
-class GpuViewPrivate : public QWidgetPrivate {
-    Q_DECLARE_PUBLIC(GpuView)
-
-  public:
-    explicit GpuViewPrivate(const QPlatformBackingStoreRhiConfig& config) : config_(config) {
-        if (config.isEnabled()) {
-            renderToTexture = true;
-        }
-    }
-    QPlatformBackingStoreRhiConfig rhiConfig() const override { return config_; }
-    QRhiTexture* texture() const override {
-        const auto& objects = q_func()->objects_;
-        return objects != nullptr ? objects->encodedTexture() : nullptr;
-    }
-    QImage grabFramebuffer() override { return q_func()->grabFramebuffer(); }
-
-  private:
-    QPlatformBackingStoreRhiConfig config_;
-};
-
 GpuView::GpuView(QWidget* parent, std::shared_ptr<GpuDevice> device)
-    : QWidget(*new GpuViewPrivate(configFor(device.get())), parent, {}),
-      device_(std::move(device)),
-      pacer_([this] {
+    : CompositedWidget(parent, device.get()), device_(std::move(device)), pacer_([this] {
           isFrameDue_ = true;
           update();
       }) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    if (configFor(device_.get()).isEnabled()) {
-        static_cast<GpuViewPrivate*>(QWidgetPrivate::get(this))->setRenderToTexture();
-    }
+    retry_.setSingleShot(true);
+    connect(&retry_, &QTimer::timeout, this, &GpuView::retry);
     headlessScale_ = devicePixelRatio();
     followWindow();
 }
@@ -109,12 +42,11 @@ QRhi* GpuView::currentRhi() const {
     if (isHeadless()) {
         return device_->rhi();
     }
-    const QWidget* const top = window();
-    if (device_ == nullptr || top->backingStore() == nullptr ||
-        top->backingStore()->handle() == nullptr) {
-        return nullptr;
-    }
-    return top->backingStore()->handle()->rhi();
+    return device_ != nullptr ? windowDevice() : nullptr;
+}
+
+QRhiTexture* GpuView::picture() const {
+    return objects_ != nullptr ? objects_->encodedTexture() : nullptr;
 }
 
 void GpuView::setDelegate(GpuViewDelegate* delegate) {
@@ -166,10 +98,6 @@ QSize GpuView::drawableSize() const {
     return (QSizeF(size()) * scale).toSize().expandedTo(QSize(1, 1));
 }
 
-void GpuView::setFrameResultFilter(std::function<FrameResult(FrameResult)> filter) {
-    frameResultFilter_ = std::move(filter);
-}
-
 bool GpuView::addResources(Resources& resources) {
     resources_.push_back(&resources);
     QRhi* const rhi = currentRhi();
@@ -217,12 +145,13 @@ bool GpuView::drawNow() {
     return isHeadless() && drawFrame();
 }
 
-bool GpuView::drawFrame() {
+bool GpuView::drawFrame(QRhiCommandBuffer* running) {
     QRhi* const rhi = currentRhi();
-    if (rhi == nullptr || isEmpty_) {
+    if (rhi == nullptr || state_ == State::failed) {
+        setState(state_); // nothing may be left to composite
         return false;
     }
-    const FrameResult result = ensureObjects(rhi) ? recordFrame(rhi) : FrameResult::error;
+    const FrameResult result = ensureObjects(rhi) ? recordFrame(*rhi, running) : FrameResult::error;
     if (result != FrameResult::success) {
         frameFailed(result);
         return false;
@@ -231,38 +160,26 @@ bool GpuView::drawFrame() {
     needsFrame_ = false;
     isFrameDue_ = false;
     ++frameCount_;
+    setState(State::showing);
     return true;
 }
 
-FrameResult GpuView::recordFrame(QRhi* rhi) {
-    const auto filtered = [this](QRhi::FrameOpResult result) {
-        const FrameResult outcome = toFrameResult(result);
-        return frameResultFilter_ ? frameResultFilter_(outcome) : outcome;
-    };
+FrameResult GpuView::recordFrame(QRhi& rhi, QRhiCommandBuffer* running) {
     if (delegate_ != nullptr && announcedSize_ != drawableSize()) {
         announcedSize_ = drawableSize();
         delegate_->drawableSizeWillChange(*this, announcedSize_);
     }
-    QRhiCommandBuffer* commands = nullptr;
-    const QRhi::FrameOpResult begun = rhi->beginOffscreenFrame(&commands);
-    FrameResult result = filtered(begun);
-    bool isRefused = false;
-    if (result == FrameResult::success) {
-        objects_->beginFrame(commands);
-        const GpuContext context{rhi, objects_->renderPass(), commands};
-        for (Resources* const resources : resources_) {
-            isRefused = isRefused || !resources->prepare(context);
-        }
-        if (!isRefused) {
-            if (delegate_ != nullptr) {
-                delegate_->draw(*this);
-            }
-            objects_->endFrame({colorSpace_, palette().color(QPalette::Window), rhi->isYUpInNDC()});
-        }
+    QRhiCommandBuffer* commands = running;
+    FrameResult result = FrameResult::success;
+    if (running == nullptr) {
+        result = device_->beginFrame(rhi, commands);
     }
-    if (begun == QRhi::FrameOpSuccess) {
-        const FrameResult ended = filtered(rhi->endOffscreenFrame());
-        result = result == FrameResult::success ? ended : result;
+    if (result != FrameResult::success) {
+        return result;
+    }
+    const bool isRefused = !record(rhi, commands);
+    if (running == nullptr) {
+        result = device_->endFrame(rhi);
     }
     if (isRefused) {
         // What the device refuses once it refuses always.
@@ -272,42 +189,57 @@ FrameResult GpuView::recordFrame(QRhi* rhi) {
     return result;
 }
 
+/// False when the device refuses a resource.
+bool GpuView::record(QRhi& rhi, QRhiCommandBuffer* commands) {
+    objects_->beginFrame(commands);
+    const GpuContext context{&rhi, objects_->renderPass(), commands};
+    for (Resources* const resources : resources_) {
+        if (!resources->prepare(context)) {
+            return false;
+        }
+    }
+    if (delegate_ != nullptr) {
+        delegate_->draw(*this);
+    }
+    objects_->endFrame({colorSpace_, palette().color(QPalette::Window), rhi.isYUpInNDC()});
+    return true;
+}
+
+void GpuView::setState(State state) {
+    state_ = state;
+    setComposited(state_ != State::failed && hasCurrentPicture());
+    updatePacing();
+}
+
 void GpuView::frameFailed(FrameResult result) {
     ++failedFrames_;
-    // Later: the window may be in the middle of painting with the textures of now.
-    QMetaObject::invokeMethod(
-        this, [this, result] { recover(result); }, Qt::QueuedConnection);
-}
-
-void GpuView::recover(FrameResult result) {
-    if (failedFrames_ > patience) {
-        becomeEmpty();
-        return;
-    }
-    if (result == FrameResult::deviceLost) {
-        replaceDevice();
-    }
-    if (failedFrames_ == 0 || isHeadless() || !isVisible()) {
-        return;
-    }
-    if (hasCurrentPicture()) {
-        update(); // once more; until then the window shows the frame before
+    failure_ = result;
+    setState(State::retrying);
+    if (isHeadless()) {
+        retry();
     } else {
-        // Without a texture the window would show black here, so step aside until the next try.
-        hide();
-        QTimer::singleShot(retryAfter, this, [this] {
-            if (!isEmpty_) {
-                show();
-            }
-        });
+        // Later: the window may be in the middle of painting with the textures of now.
+        const bool isOver = failedFrames_ > patience || result == FrameResult::deviceLost;
+        retry_.start(isOver ? std::chrono::milliseconds(0) : retryAfter);
     }
 }
 
-void GpuView::becomeEmpty() {
-    isEmpty_ = true;
-    updatePacing();
-    releaseObjects();
-    hide();
+void GpuView::retry() {
+    if (failedFrames_ > patience) {
+        setState(State::failed);
+        releaseObjects();
+    } else if (failure_ == FrameResult::deviceLost) {
+        replaceDevice();
+    } else {
+        drawAhead();
+    }
+}
+
+/// What has failed before says nothing about another window.
+void GpuView::startOver() {
+    retry_.stop();
+    failedFrames_ = 0;
+    setState(State::waiting);
 }
 
 void GpuView::replaceDevice() {
@@ -319,7 +251,7 @@ void GpuView::replaceDevice() {
     for (GpuView* const view : views) {
         view->releaseObjects();
     }
-    replaceBackingStore(*window(), configFor(device_.get()));
+    replaceWindowDevice();
     for (GpuView* const view : views) {
         view->drawAhead();
     }
@@ -351,14 +283,15 @@ bool GpuView::hasCurrentPicture() const {
            objects_->size() == drawableSize();
 }
 
-void GpuView::paintEvent(QPaintEvent* /*event*/) {
-    if (!isHeadless() && (needsFrame_ || isFrameDue_ || !hasCurrentPicture())) {
-        drawFrame();
+void GpuView::paintPicture(QRhiCommandBuffer* running) {
+    const bool isDue = needsFrame_ || isFrameDue_ || !hasCurrentPicture();
+    if (!isHeadless() && isDue && !retry_.isActive()) {
+        drawFrame(running);
     }
 }
 
 void GpuView::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
+    CompositedWidget::resizeEvent(event);
     drawAhead();
 }
 
@@ -397,7 +330,7 @@ bool GpuView::event(QEvent* event) {
         [[fallthrough]];
     case QEvent::Show:
         followWindow();
-        if (!hasCurrentPicture()) {
+        if (!hasCurrentPicture() || state_ == State::retrying) {
             drawAhead(); // else a view that pauses would jump in time
         }
         updatePacing();
@@ -412,7 +345,7 @@ bool GpuView::event(QEvent* event) {
     default:
         break;
     }
-    return QWidget::event(event);
+    return CompositedWidget::event(event);
 }
 
 void GpuView::followWindow() {
@@ -422,6 +355,7 @@ void GpuView::followWindow() {
         }
         followedWindow_ = window();
         followedWindow_->installEventFilter(this);
+        startOver();
     }
 }
 
@@ -437,35 +371,16 @@ bool GpuView::eventFilter(QObject* object, QEvent* event) {
             break;
         }
     }
-    return QWidget::eventFilter(object, event);
+    return CompositedWidget::eventFilter(object, event);
 }
 
 void GpuView::updatePacing() {
     const bool isOnScreen = isVisible() && !window()->isMinimized();
-    if (!isPaused_ && delegate_ != nullptr && !isEmpty_ && !isHeadless() && device_ != nullptr &&
+    if (state_ == State::showing && !isPaused_ && delegate_ != nullptr && !isHeadless() &&
         isOnScreen) {
         pacer_.start();
     } else {
         pacer_.stop();
-    }
-}
-
-class GpuHostPrivate : public QWidgetPrivate {
-  public:
-    QPlatformBackingStoreRhiConfig rhiConfig() const override {
-        return configFor(GpuDevice::systemDefault().get());
-    }
-};
-
-GpuHost::GpuHost(QWidget* window) : QWidget(*new GpuHostPrivate, window, {}) {
-    setFixedSize(0, 0);
-    hide();
-}
-
-void GpuHost::install(QWidget& window) {
-    if (GpuDevice::systemDefault() != nullptr &&
-        window.findChild<GpuHost*>(QString(), Qt::FindDirectChildrenOnly) == nullptr) {
-        new GpuHost(&window); // owned by the window
     }
 }
 

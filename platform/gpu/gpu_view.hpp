@@ -1,37 +1,30 @@
 #pragma once
 
+#include "platform/gpu/composited_widget.hpp"
 #include "platform/gpu/frame_pacer.hpp"
-#include "platform/gpu/gpu_device.hpp"
 #include "platform/gpu/shader.hpp"
 
 #include <QColor>
 #include <QImage>
 #include <QPointer>
 #include <QSize>
-#include <QWidget>
+#include <QTimer>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class QBackingStore;
-class QRhi;
-class QRhiCommandBuffer;
 class QRhiRenderPassDescriptor;
 
 namespace platform {
 
 class GpuView;
-class GpuViewPrivate;
 
 /// Which linear light the drawable holds. Values below 0 and above 1 are allowed in both.
 enum class DrawableColorSpace { extendedLinearSRGB, extendedLinearDisplayP3 };
 
-/// How a frame operation of the device ended.
-enum class FrameResult { success, error, deviceLost };
-
-/// Draws the frames of a view.
+/// Draws the frames of a view. Main thread.
 class GpuViewDelegate {
   public:
     virtual ~GpuViewDelegate() = default;
@@ -42,14 +35,15 @@ class GpuViewDelegate {
     virtual void draw(GpuView& view) = 0;
 };
 
-/// What GPU objects are made with. `commandBuffer` is null outside of a frame.
+/// What GPU objects are made with; `commandBuffer` is null outside of a frame. Main thread, and
+/// only within the call that gives it.
 struct GpuContext {
     QRhi* rhi;
     QRhiRenderPassDescriptor* renderPass;
     QRhiCommandBuffer* commandBuffer;
 };
 
-/// The pass of the frame that is being drawn.
+/// The pass of the frame that is being drawn. Main thread, and only within that frame.
 struct GpuRenderPass {
     QRhiCommandBuffer* commandBuffer;
 };
@@ -61,8 +55,8 @@ struct GpuRenderPass {
 ///
 /// It draws at `preferredFramesPerSecond` while it is not paused, is shown and has a delegate.
 /// Without a device, or when the device fails for good, it is an empty widget: what is behind it
-/// shows through. Main thread.
-class GpuView : public QWidget {
+/// shows through. It comes back in another window. Main thread.
+class GpuView : public CompositedWidget {
     Q_OBJECT
 
   public:
@@ -107,8 +101,9 @@ class GpuView : public QWidget {
 
     /// The size of the drawable in pixels.
     [[nodiscard]] QSize drawableSize() const;
-    /// True once the device has failed for good and the view has given up.
-    [[nodiscard]] bool isEmpty() const { return isEmpty_; }
+    /// True once the device has failed for good and the view has given up, until it comes into
+    /// another window.
+    [[nodiscard]] bool isEmpty() const { return state_ == State::failed; }
 
     /// Only while `draw` runs: opens the pass that draws into the drawable, cleared to nothing. The
     /// labels name the frame's commands and the pass in GPU debuggers. Null when there is none to
@@ -127,32 +122,42 @@ class GpuView : public QWidget {
     /// Frames drawn since creation.
     [[nodiscard]] long frameCount() const { return frameCount_; }
 
-    /// Lets tests put a failure in place of a frame operation's result.
-    void setFrameResultFilter(std::function<FrameResult(FrameResult)> filter);
-
     /// Registered resources are prepared before every frame and released with the device. Calls
     /// `prepare` at once where the device is known already, and returns what it says.
     bool addResources(Resources& resources);
     void removeResources(Resources& resources);
 
   protected:
-    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    friend class GpuViewPrivate;
     struct Objects;
+
+    /// Where it stands between its device and the screen.
+    enum class State {
+        waiting,  // for a device, or for the first picture on it
+        showing,  // its pictures
+        retrying, // a frame has failed; the one before stays where it still fits
+        failed    // given up
+    };
+
+    void paintPicture(QRhiCommandBuffer* running) override;
+    [[nodiscard]] QRhiTexture* picture() const override;
+    [[nodiscard]] QImage grabPicture() override { return grabFramebuffer(); }
+    void releasePicture() override { releaseObjects(); }
 
     [[nodiscard]] QRhi* currentRhi() const;
     bool ensureObjects(QRhi* rhi);
-    bool drawFrame();
-    FrameResult recordFrame(QRhi* rhi);
+    bool drawFrame(QRhiCommandBuffer* running = nullptr);
+    FrameResult recordFrame(QRhi& rhi, QRhiCommandBuffer* running);
+    bool record(QRhi& rhi, QRhiCommandBuffer* commands);
     void drawAhead();
+    void setState(State state);
     void frameFailed(FrameResult result);
-    void recover(FrameResult result);
-    void becomeEmpty();
+    void retry();
+    void startOver();
     void releaseObjects();
     void replaceDevice();
     void updatePacing();
@@ -168,32 +173,19 @@ class GpuView : public QWidget {
     bool isPaused_ = true;
     bool needsFrame_ = true;  // asked for
     bool isFrameDue_ = false; // by the pacer
-    bool isEmpty_ = false;
-    qreal headlessScale_ = 1; // the device pixel ratio of the start
+    State state_ = State::waiting;
+    QTimer retry_;
+    FrameResult failure_ = FrameResult::success; // the latest
+    qreal headlessScale_ = 1;                    // the device pixel ratio of the start
     int failedFrames_ = 0;
     long frameCount_ = 0;
     QSize announcedSize_;
     QByteArray commandBufferLabel_;
     QByteArray renderEncoderLabel_;
-    std::function<FrameResult(FrameResult)> frameResultFilter_;
     std::vector<Resources*> resources_;
     std::unique_ptr<Objects> objects_;
     QPointer<QWidget> followedWindow_;
     const QBackingStore* formerStore_ = nullptr; // only compared
-};
-
-/// Makes a window composite with the GPU from the start, so that a `GpuView` may join it later
-/// without the window being made anew before the user's eyes. Put one into the window before it is
-/// shown; it shows nothing itself.
-class GpuHost : public QWidget {
-    Q_OBJECT
-
-  public:
-    /// Does nothing on a machine without a device.
-    static void install(QWidget& window);
-
-  private:
-    explicit GpuHost(QWidget* window);
 };
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/gpu/qrhi_private.hpp"
-#include "platform/gpu/test_cells.hpp"
+#include "platform/testing/failing_device.hpp"
+#include "platform/testing/test_cells.hpp"
 #include "platform/testing/window_testing.hpp"
 
 #include <QApplication>
@@ -40,7 +41,9 @@ std::unique_ptr<QWidget> makeWindow(bool hasHost = true) {
 /// Green in the first row, light of nothing in the second; drawn by the window's device.
 struct Picture {
     explicit Picture(QWidget& parent)
-        : view(new GpuView(&parent, GpuDevice::systemDefault())), painter(*view) {
+        : device(std::make_shared<testing::FailingDevice>(*GpuDevice::systemDefault())),
+          view(new GpuView(&parent, device)),
+          painter(*view) {
         std::fill_n(painter.cells.begin(), 8, testing::Light{0, 1, 0, 1});
         view->setGeometry(20, 20, 160, 80);
         view->setDelegate(&painter);
@@ -60,9 +63,19 @@ struct Picture {
         return runUntil([this] { return seen(2) == QColor(Qt::green) && seen(10) == ground; });
     }
 
+    /// The next so many frames fail.
+    void fail(FrameResult failure, int times) const {
+        device->setOutcome(
+            [=](int operation) { return operation < times ? failure : FrameResult::success; });
+        view->setNeedsDisplay();
+    }
+
+    std::shared_ptr<testing::FailingDevice> device;
     QPointer<GpuView> view;
     CellPainter painter;
 };
+
+constexpr int always = 1'000'000;
 
 class GpuWindow : public ::testing::Test {
   protected:
@@ -198,17 +211,11 @@ TEST_F(GpuWindow, SurvivesTheLossOfTheDevice) {
     showActive(*window);
     ASSERT_TRUE(picture.isSeen());
     ASSERT_TRUE(second.isSeen());
-    const auto fail = [&](FrameResult failure, int times) {
-        picture.view->setFrameResultFilter([failure, left = times](FrameResult result) mutable {
-            return left-- > 0 ? failure : result;
-        });
-        picture.view->setNeedsDisplay();
-    };
     for (const FrameResult failure : {FrameResult::error, FrameResult::deviceLost}) {
         for (const int times : {1, 2, 3}) {
             SCOPED_TRACE(times);
             const long before = picture.view->frameCount();
-            fail(failure, times);
+            picture.fail(failure, times);
             EXPECT_TRUE(runUntil([&] { return picture.view->frameCount() > before; }));
             EXPECT_TRUE(picture.isSeen());
             EXPECT_TRUE(second.isSeen());
@@ -217,12 +224,53 @@ TEST_F(GpuWindow, SurvivesTheLossOfTheDevice) {
     }
     picture.view->setPaused(false);
     second.view->setPaused(false);
-    fail(FrameResult::deviceLost, 1'000'000);
+    picture.fail(FrameResult::deviceLost, always);
     EXPECT_TRUE(runUntil([&] { return picture.view->isEmpty(); }));
     EXPECT_TRUE(runUntil([&] { return screenColor(*window, {100, 40}) == ground; }));
     EXPECT_TRUE(second.isSeen());
     label.setStyleSheet(QStringLiteral("background: #ff0000"));
     EXPECT_TRUE(runUntil([&] { return screenColor(label, {10, 10}) == QColor(Qt::red); }));
+
+    // Whoever shows it again gets the ground, and another window is another try.
+    for (QWidget* const shown : {static_cast<QWidget*>(picture.view), window.get()}) {
+        shown->hide();
+        shown->show();
+        runFor(50);
+        EXPECT_EQ(screenColor(*window, {100, 40}), ground);
+        EXPECT_TRUE(second.isSeen());
+    }
+    const auto other = makeWindow();
+    showActive(*other);
+    picture.view->setParent(other.get());
+    picture.view->show();
+    EXPECT_TRUE(runUntil([&] { return picture.view->isEmpty(); }));
+    EXPECT_TRUE(runUntil([&] { return screenColor(*other, {100, 40}) == ground; }));
+    picture.device->setOutcome({});
+    picture.view->setParent(window.get());
+    picture.view->show();
+    other->hide();
+    EXPECT_TRUE(picture.isSeen());
+}
+
+// While frames fail the view's own visibility is its owner's.
+TEST_F(GpuWindow, LeavesItsVisibilityAlone) {
+    const auto window = makeWindow();
+    Picture picture(*window);
+    GpuView& view = *picture.view;
+    showActive(*window);
+    ASSERT_TRUE(picture.isSeen());
+    picture.fail(FrameResult::error, 3);
+    view.resize(170, 90); // no picture of that size
+    EXPECT_TRUE(view.isVisible());
+    runFor(50);
+    EXPECT_EQ(screenColor(*window, {100, 40}), ground);
+    view.hide(); // amid the tries
+    runFor(600);
+    EXPECT_FALSE(view.isVisible());
+    EXPECT_EQ(screenColor(*window, {100, 40}), ground);
+    picture.device->setOutcome({});
+    view.show();
+    EXPECT_TRUE(picture.isSeen());
 }
 
 // What the toolkit does when it meets a lost device while it composites.

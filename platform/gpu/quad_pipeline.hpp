@@ -15,7 +15,8 @@
 
 namespace platform {
 
-/// The rectangle of the drawable that is drawn to, in pixels, and the range of depths.
+/// The rectangle of the drawable that is drawn to, in pixels, and the range of depths. A plain
+/// value.
 struct Viewport {
     double originX = 0;
     double originY = 0;
@@ -26,7 +27,7 @@ struct Viewport {
     friend bool operator==(const Viewport&, const Viewport&) = default;
 };
 
-/// What a quad pipeline is made of.
+/// What a quad pipeline is made of. A plain value.
 struct QuadPipelineDescriptor {
     QByteArray label;
     /// Gets the corners as "vec2" at vertex input location 0. An unset function makes the creation

@@ -1,4 +1,4 @@
-#include "platform/ui/shade_image.hpp"
+#include "platform/gpu/shade_image.hpp"
 
 #include <algorithm>
 #include <array>

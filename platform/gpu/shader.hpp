@@ -24,9 +24,9 @@ struct LightRow {
     alignas(64) Component alpha;
 };
 
-/// A function that changes the colour of each pixel by itself, with its arguments. A plain value:
-/// `GpuView` applies it as its last pass, `ShaderEffect` to widgets on the processor, and both show
-/// the same.
+/// A function that changes the colour of each pixel by itself, with its arguments. A plain value
+/// for any thread: `GpuView` applies it as its last pass, `ShaderEffect` to widgets on the
+/// processor, and both show the same.
 struct Shader {
     static constexpr std::size_t maxArguments = 4;
     using Arguments = std::array<Float4, maxArguments>;

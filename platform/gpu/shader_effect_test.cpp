@@ -1,6 +1,6 @@
 #include "platform/assets/bundle.hpp"
-#include "platform/ui/shade_image.hpp"
-#include "platform/ui/shader_effect.hpp"
+#include "platform/gpu/shade_image.hpp"
+#include "platform/gpu/shader_effect.hpp"
 
 #include <QLineEdit>
 #include <QPushButton>

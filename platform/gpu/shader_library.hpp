@@ -12,7 +12,8 @@ namespace platform {
 
 class Bundle;
 
-/// A compiled shader function: one stage in the languages of all graphics interfaces. Shared value.
+/// A compiled shader function: one stage in the languages of all graphics interfaces. A shared
+/// value for any thread.
 class ShaderFunction {
   public:
     explicit ShaderFunction(const QShader& shader);
@@ -22,7 +23,8 @@ class ShaderFunction {
     std::shared_ptr<const QShader> shader_;
 };
 
-/// The compiled functions of a bundle, by name: the files "Shaders/NAME.qsb". A value.
+/// The compiled functions of a bundle, by name: the files "Shaders/NAME.qsb". A value for any
+/// thread.
 class ShaderLibrary {
   public:
     /// Throws `GpuError` when the bundle has no library.

@@ -1,5 +1,5 @@
 #include "platform/gpu/gpu_error.hpp"
-#include "platform/gpu/test_cells.hpp"
+#include "platform/testing/test_cells.hpp"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// Owns a file descriptor. Moved, never copied.
+/// Owns a file descriptor. Moved, never copied. One thread at a time.
 class Descriptor {
   public:
     Descriptor() = default; ///< none

@@ -1,7 +1,7 @@
 #include "platform/ui/about_panel.hpp"
 
 #include "platform/assets/bundle.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
 
 #include <QApplication>
 #include <QDialogButtonBox>

@@ -1,8 +1,11 @@
 #include "platform/ui/main_queue_driver.hpp"
 
+#include "core/fatal.hpp"
+
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -36,10 +39,18 @@ bool isInput(QEvent::Type type) {
     }
 }
 
+core::MainQueue& requireApplication(core::MainQueue& queue) {
+    if (QCoreApplication::instance() == nullptr) {
+        core::fatal("A MainQueueDriver is made before the application object; where there is none, "
+                    "take platform::HostLoopDriver");
+    }
+    return queue;
+}
+
 } // namespace
 
 MainQueueDriver::MainQueueDriver(core::MainQueue& queue)
-    : queue_(queue), notifier_(wake_.descriptor(), QSocketNotifier::Read) {
+    : queue_(requireApplication(queue)), notifier_(wake_.descriptor(), QSocketNotifier::Read) {
     connect(&notifier_, &QSocketNotifier::activated, this, [this] {
         wake_.reset();
         drain();
@@ -57,23 +68,28 @@ MainQueueDriver::MainQueueDriver(core::MainQueue& queue)
                     drain();
                 }
             });
-    queue_.setWaker(&wake_);
+    queue_.addWaker(wake_);
 }
 
 MainQueueDriver::~MainQueueDriver() {
-    queue_.setWaker(nullptr);
+    queue_.removeWaker(wake_);
 }
 
-bool MainQueueDriver::eventFilter(QObject* object, QEvent* event) {
+bool MainQueueDriver::eventFilter(QObject* /*object*/, QEvent* event) {
     if (isInput(event->type())) {
         drain();
     }
-    return QObject::eventFilter(object, event);
+    return false; // not the base's, since this may be gone
 }
 
 void MainQueueDriver::drain() {
     const bool wasDraining = std::exchange(isDraining_, true);
-    switch (queue_.pump(budget)) {
+    const QPointer<MainQueueDriver> self(this);
+    const auto next = queue_.pump(budget);
+    if (self == nullptr) {
+        return; // a task has closed what this belongs to
+    }
+    switch (next) {
     case core::MainQueue::Next::now:
         wake_.wake(); // the rest after the events that wait
         break;

@@ -11,17 +11,14 @@ namespace platform {
 
 /// Drains a main queue from Qt's event loop: when it is woken, and before every input event, so
 /// that an event handler sees all that was posted before the event. Make one at start-up, after the
-/// application object; a plug-in inside of a host without Qt's loop lets the host's loop watch the
-/// `WakeDescriptor` in its place. Main thread.
+/// application object, without which the program stops; for a host's loop there is
+/// `platform::HostLoopDriver`. A queue may have several drivers at once. Main thread.
 class MainQueueDriver final : public QObject {
     Q_OBJECT
 
   public:
     explicit MainQueueDriver(core::MainQueue& queue = core::MainQueue::shared());
     ~MainQueueDriver() override;
-
-    /// For event loops other than Qt's.
-    [[nodiscard]] int descriptor() const { return wake_.descriptor(); }
 
     bool eventFilter(QObject* object, QEvent* event) override;
 

@@ -134,5 +134,28 @@ TEST(MainQueueDriver, GoesOnWhileATaskRunsAnEventLoop) {
     }
 }
 
+// An editor closes right behind an automation that was shown, and opens again.
+TEST(MainQueueDriver, DriversMayComeAndGoAndBeSeveral) {
+    core::MainQueue queue;
+    int done = 0;
+    const auto isRun = [&] {
+        const int before = done;
+        std::thread([&] { queue.post([&] { ++done; }); }).join();
+        return runUntil([&] { return done == before + 1; });
+    };
+    for (int reopened = 0; reopened < 20; ++reopened) {
+        const MainQueueDriver driver(queue);
+        ASSERT_TRUE(isRun()) << reopened;
+    }
+    for (const bool newerGoesFirst : {true, false}) {
+        auto older = std::make_unique<MainQueueDriver>(queue);
+        auto newer = std::make_unique<MainQueueDriver>(queue);
+        EXPECT_TRUE(isRun());
+        (newerGoesFirst ? newer : older).reset();
+        EXPECT_TRUE(isRun()) << "the other one is left";
+        EXPECT_TRUE(isRun());
+    }
+}
+
 } // namespace
 } // namespace platform

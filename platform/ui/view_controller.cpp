@@ -1,5 +1,7 @@
 #include "platform/ui/view_controller.hpp"
 
+#include "platform/ui/cover_watcher.hpp"
+
 #include <QEvent>
 #include <QWindow>
 
@@ -81,6 +83,14 @@ void ViewController::followWindow() {
         }
     }
     view_->installEventFilter(this);
+    isCovered_ = false;
+    cover_ = {};
+    if (followedHandle_ != nullptr) {
+        cover_ = observeWindowCover(*followedWindow_->windowHandle(), [this](bool isCovered) {
+            isCovered_ = isCovered;
+            checkSight();
+        });
+    }
 }
 
 void ViewController::checkSight() {
@@ -88,7 +98,8 @@ void ViewController::checkSight() {
     if (shown == nullptr || shown->windowHandle() == nullptr) {
         return;
     }
-    const bool isInSight = !shown->isMinimized() && shown->windowHandle()->isExposed();
+    const bool isInSight =
+        !shown->isMinimized() && shown->windowHandle()->isExposed() && !isCovered_;
     if (isInSight_ != isInSight) {
         isInSight_ = isInSight;
         isInSight ? windowDidReturnToSight() : windowDidHideFromSight();

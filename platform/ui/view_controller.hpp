@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/subscription.hpp"
+
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -44,6 +46,8 @@ class ViewController : public QObject {
     bool hasAppeared_ = false;
     int appearances_ = 0;
     bool isInSight_ = true;
+    bool isCovered_ = false;
+    core::Subscription cover_;
 };
 
 } // namespace platform

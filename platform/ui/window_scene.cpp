@@ -1,15 +1,16 @@
 #include "platform/ui/window_scene.hpp"
 
-#include "platform/ui/accessible_role.hpp"
-#include "platform/ui/glyph_button.hpp"
+#include "platform/controls/accessible_role.hpp"
+#include "platform/controls/glyph_button.hpp"
+#include "platform/controls/menu.hpp"
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QWindow>
 
 #include <functional>
@@ -29,13 +30,15 @@ WindowScene::WindowScene(const QString& title, const QString& identifier, QSize 
     setObjectName(identifier);
     setFixedSize(contentSize);
     menuButton_->hide();
-    connect(menuButton_, &QAbstractButton::clicked, this, &WindowScene::popUpMenu);
+    connect(menuButton_, &QAbstractButton::clicked, this, [this] {
+        popUpMenu(menuButton_->hasFocus() ? MenuOpenedBy::key : MenuOpenedBy::pointer);
+    });
     connect(minimiseButton_, &QAbstractButton::clicked, this, &QWidget::showMinimized);
     connect(closeButton_, &QAbstractButton::clicked, this, &QWidget::close);
     addShortcut({Qt::CTRL | Qt::Key_W, Qt::ALT | Qt::Key_F4}, [this] { close(); });
     addShortcut({Qt::CTRL | Qt::Key_M}, [this] { showMinimized(); });
     addShortcut({Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); });
-    addShortcut({Qt::Key_F10, Qt::Key_Menu}, [this] { popUpMenu(); });
+    addShortcut({Qt::Key_F10, Qt::Key_Menu}, [this] { popUpMenu(MenuOpenedBy::key); });
     placeButtons();
 }
 
@@ -62,7 +65,7 @@ void WindowScene::setContent(QWidget* content) {
     }
 }
 
-void WindowScene::setMenu(QMenu* menu) {
+void WindowScene::setMenu(Menu* menu) {
     delete menu_;
     menu_ = menu;
     menu_->setParent(this, menu_->windowFlags());
@@ -74,12 +77,9 @@ void WindowScene::setMenu(QMenu* menu) {
     placeButtons();
 }
 
-void WindowScene::popUpMenu() {
+void WindowScene::popUpMenu(MenuOpenedBy by) {
     if (menu_ != nullptr) {
-        const QPoint below = menuButton_->mapToGlobal(QPoint(0, menuButton_->height()));
-        const int shift = isRightToLeft() ? menuButton_->width() - menu_->sizeHint().width() : 0;
-        menu_->popup(below + QPoint(shift, 0));
-        menu_->setActiveAction(menu_->actions().value(0));
+        menu_->popUpBelow(*menuButton_, Qt::AlignTrailing, 2, by);
     }
 }
 
@@ -97,6 +97,14 @@ bool WindowScene::event(QEvent* event) {
         placeButtons();
     }
     return QWidget::event(event);
+}
+
+void WindowScene::showEvent(QShowEvent* event) {
+    // An X server without a window manager gives the keyboard to nobody who does not ask. Where
+    // there is one it decides, as for every new window.
+    if (!event->spontaneous() && QGuiApplication::platformName() == QLatin1String("xcb")) {
+        activateWindow();
+    }
 }
 
 void WindowScene::mousePressEvent(QMouseEvent* event) {
@@ -137,7 +145,9 @@ void WindowScene::mouseReleaseEvent(QMouseEvent* event) {
 
 void WindowScene::contextMenuEvent(QContextMenuEvent* event) {
     if (menu_ != nullptr) {
-        menu_->popup(event->globalPos());
+        const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+        menu_->popUpAt(*this, event->globalPos(),
+                       isByKey ? MenuOpenedBy::key : MenuOpenedBy::pointer);
     }
 }
 

@@ -8,12 +8,12 @@
 
 #include <functional>
 
-class QMenu;
-
 namespace platform {
 
 class AssetCatalog;
 class GlyphButton;
+class Menu;
+enum class MenuOpenedBy;
 
 /// A window without a title bar whose content has one fixed size. Every part of it that is not a
 /// control moves it. It is minimised and closed with the buttons in its corner, and with Ctrl+M,
@@ -33,12 +33,14 @@ class WindowScene final : public QWidget {
     /// The window owns its content, which fills it below the buttons in the corner.
     void setContent(QWidget* content);
     /// The window owns the menu. Its title is the program's name.
-    void setMenu(QMenu* menu);
-    [[nodiscard]] QMenu* menu() const { return menu_; }
-    void popUpMenu();
+    void setMenu(Menu* menu);
+    [[nodiscard]] Menu* menu() const { return menu_; }
+    /// Below its button.
+    void popUpMenu(MenuOpenedBy by);
 
   protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -50,7 +52,7 @@ class WindowScene final : public QWidget {
     void placeButtons();
 
     QWidget* content_ = nullptr;
-    QMenu* menu_ = nullptr;
+    Menu* menu_ = nullptr;
     GlyphButton* menuButton_;
     GlyphButton* minimiseButton_;
     GlyphButton* closeButton_;

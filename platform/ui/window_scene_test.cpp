@@ -1,13 +1,13 @@
 #include "platform/assets/asset_catalog.hpp"
+#include "platform/controls/glyph_button.hpp"
+#include "platform/controls/menu.hpp"
 #include "platform/testing/window_testing.hpp"
-#include "platform/ui/glyph_button.hpp"
 #include "platform/ui/window_scene.hpp"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -30,8 +30,8 @@ class WindowSceneTest : public ::testing::Test {
         button = new QPushButton(QStringLiteral("Button"), content);
         button->setGeometry(50, 200, 200, 40);
         window.setContent(content);
-        auto* const menu = new QMenu(QStringLiteral("Larkvox"));
-        menu->addAction(QStringLiteral("About"));
+        auto* const menu = new Menu(QStringLiteral("Larkvox"));
+        menu->addItem(QStringLiteral("About"));
         window.setMenu(menu);
         window.move(100, 100);
         showActive(window);

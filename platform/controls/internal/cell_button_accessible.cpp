@@ -1,8 +1,7 @@
-#include "platform/ui/cells/cell_button_accessible.hpp"
+#include "platform/controls/internal/cell_button_accessible.hpp"
 
-#include "platform/ui/cells/cell_button.hpp"
-
-#include <QAccessibleWidget>
+#include "platform/controls/cell_button.hpp"
+#include "platform/controls/cell_control_accessible.hpp"
 
 namespace platform {
 namespace {
@@ -11,26 +10,13 @@ bool isPressedLook(const CellState& state) {
     return state.isHighlighted && state.isEnabled;
 }
 
-class CellButtonAccessible final : public QAccessibleWidget {
+class CellButtonAccessible final : public CellControlAccessible {
   public:
-    explicit CellButtonAccessible(CellButton& button) : QAccessibleWidget(&button) {}
-
-    [[nodiscard]] QAccessible::Role role() const override { return button().accessibleRole(); }
-
-    [[nodiscard]] QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Name) {
-            if (const QString name = button().accessibleName(); !name.isEmpty()) {
-                return name;
-            }
-            return button().title().isEmpty() ? button().toolTip() : button().title();
-        }
-        return QAccessibleWidget::text(kind);
-    }
+    explicit CellButtonAccessible(CellButton& button) : CellControlAccessible(button) {}
 
     [[nodiscard]] QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
+        QAccessible::State state = CellControlAccessible::state();
         const CellState& cell = button().cell().cellState();
-        state.pressed = isPressedLook(cell);
         state.checkable = cell.showsState;
         state.checked = cell.showsState && cell.state == StateValue::on;
         state.checkStateMixed = cell.showsState && cell.state == StateValue::mixed;
@@ -66,29 +52,13 @@ class CellButtonAccessible final : public QAccessibleWidget {
     }
 
   private:
-    [[nodiscard]] CellButton& button() const { return *static_cast<CellButton*>(object()); }
+    [[nodiscard]] CellButton& button() const { return static_cast<CellButton&>(control()); }
 };
-
-QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-    auto* const button = qobject_cast<CellButton*>(object);
-    return button != nullptr ? new CellButtonAccessible(*button) : nullptr;
-}
 
 } // namespace
 
-void installCellButtonAccessibility() {
-    static const bool isInstalled = [] {
-        QAccessible::installFactory(makeAccessible);
-        return true;
-    }();
-    (void)isInstalled;
-}
-
-void announceName(CellButton& button) {
-    if (QAccessible::isActive()) {
-        QAccessibleEvent event(&button, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&event);
-    }
+QAccessibleInterface* makeCellButtonAccessible(CellButton& button) {
+    return new CellButtonAccessible(button);
 }
 
 void announceState(CellButton& button, const CellState& before) {

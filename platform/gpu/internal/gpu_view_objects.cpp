@@ -1,4 +1,4 @@
-#include "platform/gpu/gpu_view_objects.hpp"
+#include "platform/gpu/internal/gpu_view_objects.hpp"
 
 #include <QFile>
 

@@ -3,8 +3,8 @@
 // Internal to platform/gpu.
 
 #include "platform/gpu/gpu_view.hpp"
+#include "platform/gpu/internal/shader_pass.hpp"
 #include "platform/gpu/qrhi_private.hpp"
-#include "platform/gpu/shader_pass.hpp"
 
 #include <QColor>
 #include <QImage>

@@ -1,4 +1,4 @@
-#include "platform/gpu/shader_pass.hpp"
+#include "platform/gpu/internal/shader_pass.hpp"
 
 #include "platform/gpu/gpu_error.hpp"
 

@@ -1,6 +1,6 @@
 #version 440
 #extension GL_GOOGLE_include_directive : require
-#include "../shader.glsl"
+#include "../../gpu/shader.glsl"
 
 // Red and blue change places; the first argument is added.
 

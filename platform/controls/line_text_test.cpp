@@ -1,0 +1,178 @@
+#include "platform/controls/line_text.hpp"
+
+#include "platform/assets/system_font.hpp"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+
+namespace platform {
+namespace {
+
+const core::Rect room{{20, 0}, {100, 20}};
+
+QFont font(QFont::Weight weight = QFont::Normal) {
+    return systemFont(12, weight);
+}
+
+/// Where there is ink of a colour, from the first to the last column; (-1, -1) where there is none.
+struct Ink {
+    int first = -1;
+    int last = -1;
+};
+
+class Picture {
+  public:
+    explicit Picture(const std::function<void(QPainter&)>& draw)
+        : image_(140, 20, QImage::Format_ARGB32_Premultiplied) {
+        image_.fill(Qt::transparent);
+        QPainter painter(&image_);
+        draw(painter);
+    }
+    [[nodiscard]] Ink ink(bool isRed) const {
+        Ink ink;
+        for (int x = 0; x < image_.width(); ++x) {
+            for (int y = 0; y < image_.height(); ++y) {
+                const QColor color = image_.pixelColor(x, y);
+                if (color.alpha() > 40 && (color.red() > color.blue()) == isRed) {
+                    ink.first = ink.first < 0 ? x : ink.first;
+                    ink.last = x;
+                }
+            }
+        }
+        return ink;
+    }
+    [[nodiscard]] const QImage& image() const { return image_; }
+
+  private:
+    QImage image_;
+};
+
+QImage line(const QString& text, const LineLayout& layout) {
+    return Picture([&](QPainter& painter) {
+               LineText().paint(painter, room, text, font(), Qt::red, layout);
+           })
+        .image();
+}
+
+TEST(LineText, StandsWhereItIsAsked) {
+    const auto inkOf = [](LineAlignment alignment, bool isRightToLeft) {
+        return Picture([&](QPainter& painter) {
+                   LineText().paint(painter, room, QStringLiteral("HHH"), font(), Qt::red,
+                                    {alignment, LineEliding::tail, isRightToLeft});
+               })
+            .ink(true);
+    };
+    const double width = QFontMetricsF(font()).horizontalAdvance(QStringLiteral("HHH"));
+    EXPECT_NEAR(inkOf(LineAlignment::left, true).first, 20, 2);
+    EXPECT_NEAR(inkOf(LineAlignment::right, false).last, 119, 2);
+    EXPECT_NEAR(inkOf(LineAlignment::centre, false).first, 70 - width / 2, 2);
+    EXPECT_NEAR(inkOf(LineAlignment::natural, false).first, 20, 2);
+    EXPECT_NEAR(inkOf(LineAlignment::natural, true).last, 119, 2);
+}
+
+TEST(LineText, LeavesOutWhatIsAsked) {
+    const QString text = QStringLiteral("A preset with a very long name indeed");
+    const auto as = [&](LineEliding eliding) {
+        return line(text, {LineAlignment::left, eliding, false});
+    };
+    const auto cut = [&](Qt::TextElideMode mode) {
+        return line(QFontMetricsF(font()).elidedText(text, mode, room.size.width),
+                    {LineAlignment::left, LineEliding::none, false});
+    };
+    EXPECT_EQ(as(LineEliding::tail), cut(Qt::ElideRight));
+    EXPECT_EQ(as(LineEliding::head), cut(Qt::ElideLeft));
+    EXPECT_EQ(as(LineEliding::middle), cut(Qt::ElideMiddle));
+    EXPECT_EQ(as(LineEliding::none), cut(Qt::ElideNone));
+    // What just fits stays whole.
+    const QString fits = QStringLiteral("Fits");
+    EXPECT_EQ(line(fits, {LineAlignment::left, LineEliding::tail, false}),
+              line(fits, {LineAlignment::left, LineEliding::none, false}));
+}
+
+TEST(LineText, RunsKeepTheirLookAndAreCutFromTheEndAsked) {
+    const auto inks = [](const QString& label, const QString& title, const LineLayout& layout) {
+        const std::array<LineRun, 2> runs{LineRun{label, font(), Qt::red},
+                                          LineRun{title, font(QFont::Bold), Qt::blue}};
+        const Picture picture(
+            [&](QPainter& painter) { LineText().paint(painter, room, runs, layout); });
+        return std::pair(picture.ink(true), picture.ink(false));
+    };
+    const QString longOne = QStringLiteral("HHHHHHHHHHHHHHHHHHHHHHHH");
+    const QString shortOne = QStringLiteral("HH");
+    auto [label, title] = inks(shortOne, shortOne, {LineAlignment::left, LineEliding::tail, false});
+    EXPECT_NEAR(label.first, 20, 2);
+    EXPECT_GT(title.first, label.last);
+    std::tie(label, title) = inks(shortOne, shortOne, {LineAlignment::natural, {}, true});
+    EXPECT_NEAR(label.last, 119, 2) << "the first stands right";
+    EXPECT_LT(title.last, label.first);
+    for (const auto eliding : {LineEliding::tail, LineEliding::middle}) {
+        std::tie(label, title) = inks(shortOne, longOne, {LineAlignment::left, eliding, false});
+        EXPECT_GT(label.last, 30);
+        EXPECT_GT(title.last, 105);
+        EXPECT_LE(title.last, 120);
+    }
+    std::tie(label, title) =
+        inks(longOne, shortOne, {LineAlignment::left, LineEliding::tail, false});
+    EXPECT_LE(label.last, 120);
+    EXPECT_EQ(title.first, -1) << "what follows the cut is left out";
+    std::tie(label, title) =
+        inks(longOne, shortOne, {LineAlignment::left, LineEliding::head, false});
+    EXPECT_GT(title.first, 80);
+    EXPECT_LE(title.last, 120);
+    std::tie(label, title) =
+        inks(longOne, shortOne, {LineAlignment::left, LineEliding::middle, false});
+    EXPECT_GT(title.first, 80) << "the widest is cut";
+}
+
+TEST(LineText, IsLaidOutAgainForAnotherRoomTextFontOrScale) {
+    LineText kept;
+    const struct {
+        QString text;
+        double width;
+        int weight;
+        qreal scale;
+        LineEliding eliding;
+    } cases[] = {
+        {QStringLiteral("A long name of something"), 100, 400, 1, LineEliding::tail},
+        {QStringLiteral("A long name of something"), 60, 400, 1, LineEliding::tail},
+        {QStringLiteral("A long name of something"), 60, 400, 1, LineEliding::head},
+        {QStringLiteral("A long name of something"), 60, 700, 1, LineEliding::head},
+        {QStringLiteral("Another name of something"), 60, 700, 1, LineEliding::head},
+        {QStringLiteral("Another name of something"), 60, 700, 2, LineEliding::head},
+        {QStringLiteral("Short"), 60, 700, 2, LineEliding::head},
+    };
+    for (const auto& c : cases) {
+        const auto draw = [&](const std::function<void(QPainter&, const core::Rect&)>& paint) {
+            QImage image(280, 40, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::transparent);
+            image.setDevicePixelRatio(c.scale);
+            QPainter painter(&image);
+            paint(painter, {{0, 0}, {c.width, 20}});
+            return image;
+        };
+        const QFont face = font(static_cast<QFont::Weight>(c.weight));
+        const LineLayout layout{LineAlignment::left, c.eliding, false};
+        const QImage fresh = draw([&](QPainter& painter, const core::Rect& rect) {
+            LineText().paint(painter, rect, c.text, face, Qt::red, layout);
+        });
+        EXPECT_EQ(draw([&](QPainter& painter, const core::Rect& rect) {
+                      kept.paint(painter, rect, c.text, face, Qt::red, layout);
+                  }),
+                  fresh);
+        EXPECT_EQ(draw([&](QPainter& painter, const core::Rect& rect) {
+                      LineText::paintShared(painter, rect, c.text, face, Qt::red, layout);
+                  }),
+                  fresh)
+            << "by the shared cache";
+        EXPECT_EQ(kept.size(c.text, face).width, QFontMetricsF(face).horizontalAdvance(c.text));
+    }
+}
+
+} // namespace
+} // namespace platform
