@@ -1,17 +1,17 @@
-#include "platform/updates/standard_updater_controller.hpp"
+#include "updates/standard_updater_controller.hpp"
 
-#include "platform/updates/dialogs/update_windows.hpp"
+#include "updates/dialogs/update_windows.hpp"
 
 #include <utility>
 
-namespace platform {
+namespace updates {
 
-SPUStandardUpdaterController::SPUStandardUpdaterController(Starting starting,
-                                                           SPUUpdaterDelegate* updaterDelegate,
-                                                           UpdaterConfiguration configuration,
-                                                           Workspace& workspace, QObject* parent)
+SPUStandardUpdaterController::SPUStandardUpdaterController(
+    Starting starting, SPUUpdaterDelegate* updaterDelegate, DialogStyle style,
+    UpdaterConfiguration configuration, platform::Workspace& workspace, QObject* parent)
     : QObject(parent),
       updaterDelegate_(updaterDelegate),
+      style_(std::move(style)),
       configuration_(std::move(configuration)),
       workspace_(workspace) {
     if (starting == Starting::now) {
@@ -27,7 +27,7 @@ void SPUStandardUpdaterController::startUpdater() {
     }
     configuration_.identity.feed = QUrl(updaterDelegate_->feedURLString(*this));
     session_ = std::make_unique<UpdateSession>(configuration_);
-    windows_ = std::make_unique<UpdateWindows>(*session_, workspace_);
+    windows_ = std::make_unique<UpdateWindows>(*session_, style_, workspace_);
     session_->start();
 }
 
@@ -37,4 +37,4 @@ void SPUStandardUpdaterController::checkForUpdates() {
     }
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,14 +1,15 @@
 #pragma once
 
 #include "platform/ui/workspace.hpp"
-#include "platform/updates/session/update_session.hpp"
+#include "updates/dialogs/dialog_style.hpp"
+#include "updates/session/update_session.hpp"
 
 #include <QObject>
 #include <QString>
 
 #include <memory>
 
-namespace platform {
+namespace updates {
 
 class SPUStandardUpdaterController;
 class UpdateWindows;
@@ -27,7 +28,7 @@ class SPUUpdaterDelegate {
 /// Once it is started, it asks the user whether it may look for updates by itself (on the second
 /// start), and then does so once a day. Nothing is downloaded before the user wants it, and nothing
 /// is installed that the maker has not signed. A copy of the program that others look after is only
-/// told that there is an update.
+/// told that there is an update. Main thread.
 class SPUStandardUpdaterController final : public QObject {
     Q_OBJECT
 
@@ -36,9 +37,10 @@ class SPUStandardUpdaterController final : public QObject {
 
     /// The feed's address in the configuration comes from the delegate. Without a configuration it
     /// checks when it is told to, and remembers nothing.
+    /// `style` is the program's own.
     SPUStandardUpdaterController(Starting starting, SPUUpdaterDelegate* updaterDelegate,
-                                 UpdaterConfiguration configuration = {},
-                                 Workspace& workspace = Workspace::shared(),
+                                 DialogStyle style, UpdaterConfiguration configuration = {},
+                                 platform::Workspace& workspace = platform::Workspace::shared(),
                                  QObject* parent = nullptr);
     ~SPUStandardUpdaterController() override;
 
@@ -53,10 +55,11 @@ class SPUStandardUpdaterController final : public QObject {
 
   private:
     SPUUpdaterDelegate* updaterDelegate_;
+    const DialogStyle style_;
     UpdaterConfiguration configuration_;
-    Workspace& workspace_;
+    platform::Workspace& workspace_;
     std::unique_ptr<UpdateSession> session_;
     std::unique_ptr<UpdateWindows> windows_;
 };
 
-} // namespace platform
+} // namespace updates

@@ -1,28 +1,27 @@
-#include "platform/updates/system_surroundings.hpp"
+#include "updates/system_surroundings.hpp"
+
+#include "platform/system/process.hpp"
 
 #include <QCoreApplication>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QSysInfo>
 
-namespace platform {
+namespace updates {
 
 UpdaterConfiguration systemSurroundings(const QString& name) {
     UpdaterConfiguration configuration;
-    const std::filesystem::path program = QCoreApplication::applicationFilePath().toStdString();
-    configuration.examine = [program] { return examineInstallation(program); };
-    configuration.arguments = QCoreApplication::arguments().mid(1);
+    // Not by the name it was started by: its folder may be moved while it runs.
+    configuration.examine = [] { return examineInstallation(platform::programFile()); };
+    configuration.arguments = platform::programArguments();
     configuration.systemVersion = QSysInfo::kernelVersion().toStdString();
     configuration.storePath =
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + name +
         QStringLiteral("/updates.json");
     configuration.random = [] { return QRandomGenerator::global()->generate(); };
-    configuration.startProgram = [](const QString& file, const QStringList& arguments) {
-        return QProcess::startDetached(file, arguments);
-    };
+    configuration.startProgram = platform::startProgram;
     configuration.quit = [] { QCoreApplication::quit(); };
     return configuration;
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/updates/session/update_session.hpp"
+#include "updates/session/update_session.hpp"
 
-namespace platform {
+namespace updates {
 
 /// The configuration of an updater on the user's real system: which installation this program lies
 /// in, the folder for settings, chance, other programs. What is the product's own (`identity`,
@@ -10,4 +10,4 @@ namespace platform {
 /// object.
 [[nodiscard]] UpdaterConfiguration systemSurroundings(const QString& name);
 
-} // namespace platform
+} // namespace updates

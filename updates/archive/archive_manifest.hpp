@@ -4,15 +4,17 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace updates {
 
 /// What an update archive says of itself, in the file "manifest.json" of the version's folder. It
 /// is inside the archive, so it is signed with it.
 struct ArchiveManifest {
     std::string product;    ///< the name that people know
+    std::string name;       ///< the same in the names of files; see `programPath`
     std::string identifier; ///< of the program, the same in all its versions
     std::string version;
-    std::string platform; ///< operating system and architecture, as `thisPlatform()`
+    std::string platform;  ///< operating system and processor, as `platform::thisPlatform()`
+    std::string publicKey; ///< that its program and helper trust: Ed25519, base64
 
     bool operator==(const ArchiveManifest&) const = default;
 };
@@ -24,7 +26,8 @@ struct ArchiveManifest {
 /// The text of a manifest file; `readArchiveManifest` gives the same manifest back.
 [[nodiscard]] std::string archiveManifestText(const ArchiveManifest& manifest);
 
-/// What this program was built for, such as "linux-x86_64".
-[[nodiscard]] std::string_view thisPlatform();
+/// Where in a version's folder the program of a product is, and the helper that installs updates.
+[[nodiscard]] std::string programPath(const std::string& name);
+[[nodiscard]] std::string helperPath(const std::string& name);
 
-} // namespace platform
+} // namespace updates

@@ -1,9 +1,9 @@
-#include "platform/updates/archive/archive_reader.hpp"
+#include "updates/archive/archive_reader.hpp"
 
 #include <archive.h>
 #include <archive_entry.h>
 
-namespace platform {
+namespace updates {
 namespace {
 
 std::string text(const char* characters) {
@@ -92,4 +92,4 @@ void ArchiveReader::noteDamage() {
     }
 }
 
-} // namespace platform
+} // namespace updates

@@ -9,7 +9,7 @@
 
 struct archive;
 
-namespace platform {
+namespace updates {
 
 /// One entry of an archive, as it is written there: nothing of it has been checked.
 struct ArchiveEntry {
@@ -49,4 +49,4 @@ class ArchiveReader {
     std::string damage_;
 };
 
-} // namespace platform
+} // namespace updates

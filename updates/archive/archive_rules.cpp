@@ -1,11 +1,11 @@
-#include "platform/updates/archive/archive_rules.hpp"
+#include "updates/archive/archive_rules.hpp"
 
-#include "platform/updates/feed/version_order.hpp"
+#include "updates/feed/version_order.hpp"
 
 #include <algorithm>
 #include <string_view>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using Kind = ArchiveEntry::Kind;
@@ -41,17 +41,17 @@ std::string shown(std::string_view name) {
     return '"' + text + '"';
 }
 
-ArchiveFailure unsafe(std::string_view what, std::string_view name) {
-    return {ArchiveFault::unsafe, std::string(what) + ": " + shown(name)};
+Refusal unsafe(std::string_view what, std::string_view name) {
+    return {UpdateProblem::archiveUnsafe, std::string(what) + ": " + shown(name)};
 }
 
-ArchiveFailure tooLarge(std::string what) {
-    return {ArchiveFault::tooLarge, std::move(what)};
+Refusal tooLarge(std::string what) {
+    return {UpdateProblem::archiveTooLarge, std::move(what)};
 }
 
 } // namespace
 
-std::variant<ArchiveRules::Place, ArchiveFailure> ArchiveRules::admit(const ArchiveEntry& entry) {
+std::variant<ArchiveRules::Place, Refusal> ArchiveRules::admit(const ArchiveEntry& entry) {
     if (++entries_ > mostArchiveEntries) {
         return tooLarge("more than " + std::to_string(mostArchiveEntries) + " entries");
     }
@@ -90,8 +90,8 @@ std::variant<ArchiveRules::Place, ArchiveFailure> ArchiveRules::admit(const Arch
                                       : admitInTopFolder(entry, name.substr(top_.size() + 1));
 }
 
-std::variant<ArchiveRules::Place, ArchiveFailure>
-ArchiveRules::admitInTopFolder(const ArchiveEntry& entry, const std::string& path) {
+std::variant<ArchiveRules::Place, Refusal> ArchiveRules::admitInTopFolder(const ArchiveEntry& entry,
+                                                                          const std::string& path) {
     constexpr std::string_view versions = "versions/";
     if (!path.starts_with(versions)) {
         if (path == "current" && entry.kind == Kind::link) {
@@ -127,4 +127,4 @@ bool ArchiveRules::admitBytes(std::uint64_t count) {
     return true;
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "platform/updates/archive/archive_reader.hpp"
-#include "platform/updates/archive/unpacker.hpp"
+#include "updates/archive/archive_reader.hpp"
+#include "updates/archive/unpacker.hpp"
 
 #include <algorithm>
 #include <set>
 #include <string>
 #include <variant>
 
-namespace platform {
+namespace updates {
 
 /// More entries no update has.
 inline constexpr std::size_t mostArchiveEntries = 20000;
@@ -34,7 +34,7 @@ class ArchiveRules {
     struct Place {
         std::string path;
     };
-    [[nodiscard]] std::variant<Place, ArchiveFailure> admit(const ArchiveEntry& entry);
+    [[nodiscard]] std::variant<Place, Refusal> admit(const ArchiveEntry& entry);
 
     /// Bytes of a file's content are about to be written. False where they are too many.
     [[nodiscard]] bool admitBytes(std::uint64_t count);
@@ -45,8 +45,8 @@ class ArchiveRules {
     [[nodiscard]] const std::string& currentTarget() const { return currentTarget_; }
 
   private:
-    std::variant<Place, ArchiveFailure> admitInTopFolder(const ArchiveEntry& entry,
-                                                         const std::string& path);
+    std::variant<Place, Refusal> admitInTopFolder(const ArchiveEntry& entry,
+                                                  const std::string& path);
 
     std::uint64_t bytesLeft_;
     std::size_t entries_ = 0;
@@ -57,4 +57,4 @@ class ArchiveRules {
     std::string currentTarget_;
 };
 
-} // namespace platform
+} // namespace updates

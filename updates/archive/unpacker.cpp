@@ -1,30 +1,25 @@
-#include "platform/updates/archive/unpacker.hpp"
+#include "updates/archive/unpacker.hpp"
 
-#include "platform/system/descriptor.hpp"
-#include "platform/updates/archive/archive_reader.hpp"
-#include "platform/updates/archive/archive_rules.hpp"
+#include "platform/system/files.hpp"
+#include "updates/archive/archive_reader.hpp"
+#include "updates/archive/archive_rules.hpp"
+#include "updates/feed/signature.hpp"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
+#include <algorithm>
 #include <cerrno>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using Kind = ArchiveEntry::Kind;
-using MaybeFailure = std::optional<ArchiveFailure>;
+using MaybeRefused = std::optional<Refusal>;
 
 constexpr std::string_view manifestName = "manifest.json";
 constexpr std::size_t longestManifest = std::size_t{64} * 1024;
-
-MaybeFailure systemFailure(const std::string& what) {
-    const int error = errno;
-    return ArchiveFailure{ArchiveFault::system, what, error};
-}
 
 /// Makes files and folders below one folder, which is the only way it has to any of them. Without a
 /// folder it makes nothing.
@@ -32,55 +27,39 @@ class TreeWriter {
   public:
     explicit TreeWriter(int root) : root_(root) {}
 
-    MaybeFailure makeFolder(const std::string& path) {
-        if (root_ < 0) {
-            return {};
-        }
+    MaybeRefused makeFolder(const std::string& path) {
         const auto name = enterParent(path);
-        if (!name || mkdirat(folder_.get(), name->c_str(), 0755) != 0) {
-            return systemFailure("folder " + path);
-        }
-        return {};
+        return refusal(name ? platform::makeFolder(folder_.get(), *name) : errno, path);
     }
 
-    MaybeFailure beginFile(const std::string& path, bool isProgram) {
-        if (root_ < 0) {
-            return {};
-        }
+    MaybeRefused beginFile(const std::string& path, bool isProgram) {
         const auto name = enterParent(path);
-        if (name) {
-            file_ = Descriptor(openat(folder_.get(), name->c_str(),
-                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                                      isProgram ? 0755 : 0644));
-        }
-        return file_ ? MaybeFailure() : systemFailure("file " + path);
+        file_ = name ? platform::makeFile(folder_.get(), *name, isProgram ? 0755 : 0644)
+                     : platform::Descriptor();
+        return refusal(file_ ? 0 : errno, path);
     }
 
-    MaybeFailure write(std::span<const std::byte> bytes) {
-        while (root_ >= 0 && !bytes.empty()) {
-            const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
-            if (count < 0 && errno != EINTR) {
-                return systemFailure("writing");
-            }
-            bytes = bytes.subspan(count < 0 ? 0 : static_cast<std::size_t>(count));
-        }
-        return {};
+    MaybeRefused write(std::span<const std::byte> bytes) {
+        return refusal(root_ < 0 ? 0 : platform::writeAll(file_.get(), bytes), "writing");
     }
 
-    MaybeFailure endFile() { return file_.reset() ? MaybeFailure() : systemFailure("closing"); }
+    MaybeRefused endFile() { return refusal(file_.reset() ? 0 : errno, "closing"); }
 
   private:
-    /// Opens the folder that `path` lies in, one part after the other and following no link.
-    /// Returns the name in it.
+    [[nodiscard]] MaybeRefused refusal(int error, const std::string& what) const {
+        return root_ < 0 || error == 0 ? MaybeRefused() : systemRefusal(error, what);
+    }
+
+    /// Opens the folder that `path` lies in, one part after the other. Returns the name in it.
     std::optional<std::string> enterParent(const std::string& path) {
         const auto slash = path.rfind('/');
         const std::string parent = slash == std::string::npos ? "" : path.substr(0, slash);
-        if (!folder_ || parent != folderPath_) {
-            folder_ = open(root_, ".");
+        if (root_ >= 0 && (!folder_ || parent != folderPath_)) {
+            folder_ = platform::openFolder(root_, ".");
             folderPath_ = parent;
             for (std::string_view rest = parent; folder_ && !rest.empty();) {
                 const std::string_view part = rest.substr(0, rest.find('/'));
-                folder_ = open(folder_.get(), std::string(part));
+                folder_ = platform::openFolder(folder_.get(), std::string(part));
                 rest.remove_prefix(std::min(rest.size(), part.size() + 1));
             }
         }
@@ -90,15 +69,10 @@ class TreeWriter {
         return slash == std::string::npos ? path : path.substr(slash + 1);
     }
 
-    static Descriptor open(int folder, const std::string& name) {
-        return Descriptor(
-            openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    }
-
     int root_;
-    Descriptor folder_; // of what was made last, and its path
+    platform::Descriptor folder_; // of what was made last, and its path
     std::string folderPath_;
-    Descriptor file_;
+    platform::Descriptor file_;
 };
 
 class Unpacking {
@@ -113,11 +87,11 @@ class Unpacking {
     UnpackResult run() {
         while (const auto entry = reader_.next()) {
             const auto admitted = rules_.admit(*entry);
-            if (const auto* const refused = std::get_if<ArchiveFailure>(&admitted)) {
+            if (const auto* const refused = std::get_if<Refusal>(&admitted)) {
                 return *refused;
             }
             const std::string& path = std::get<ArchiveRules::Place>(admitted).path;
-            MaybeFailure failure = goOn();
+            MaybeRefused failure = goOn();
             if (!failure && entry->kind == Kind::file) {
                 failure = unpackFile(*entry, path);
             } else if (!failure && entry->kind == Kind::folder && !path.empty()) {
@@ -127,46 +101,49 @@ class Unpacking {
                 return *failure;
             }
         }
-        return reader_.damage().empty()
-                   ? finish()
-                   : ArchiveFailure{ArchiveFault::unreadable, reader_.damage()};
+        return reader_.damage().empty() ? finish()
+                                        : Refusal{UpdateProblem::archiveDamaged, reader_.damage()};
     }
 
   private:
-    MaybeFailure goOn() const {
+    MaybeRefused goOn() const {
         if (progress_ && !progress_(reader_.consumed())) {
-            return ArchiveFailure{ArchiveFault::cancelled, "cancelled"};
+            return Refusal{UpdateProblem::inputOutput, "cancelled"};
         }
         return {};
     }
 
     /// With an empty path the content is read and thrown away.
-    MaybeFailure unpackFile(const ArchiveEntry& entry, const std::string& path) {
+    MaybeRefused unpackFile(const ArchiveEntry& entry, const std::string& path) {
         if (!path.empty()) {
             ++files_;
-            if (auto failure = writer_.beginFile(path, (entry.mode & 0111U) != 0)) {
+            const bool isProgram = (entry.mode & 0111U) != 0;
+            if (isProgram) {
+                programs_.insert(path);
+            }
+            if (auto failure = writer_.beginFile(path, isProgram)) {
                 return failure;
             }
         }
         while (const auto count = reader_.read(buffer_)) {
             if (*count == 0) {
-                return path.empty() ? MaybeFailure() : writer_.endFile();
+                return path.empty() ? MaybeRefused() : writer_.endFile();
             }
             if (!rules_.admitBytes(*count)) {
-                return ArchiveFailure{ArchiveFault::tooLarge, "unpacks to too many bytes"};
+                return Refusal{UpdateProblem::archiveTooLarge, "unpacks to too many bytes"};
             }
             const auto bytes = std::span(buffer_).first(*count);
             if (path == manifestName && !keepManifest(bytes)) {
-                return ArchiveFailure{ArchiveFault::tooLarge, "its manifest is too long"};
+                return Refusal{UpdateProblem::archiveTooLarge, "its manifest is too long"};
             }
-            auto failure = path.empty() ? MaybeFailure() : writer_.write(bytes);
+            auto failure = path.empty() ? MaybeRefused() : writer_.write(bytes);
             failure = failure ? failure : goOn();
             if (failure) {
                 return failure;
             }
             bytes_ += path.empty() ? 0 : *count;
         }
-        return ArchiveFailure{ArchiveFault::unreadable, reader_.damage()};
+        return Refusal{UpdateProblem::archiveDamaged, reader_.damage()};
     }
 
     bool keepManifest(std::span<const std::byte> bytes) {
@@ -176,7 +153,7 @@ class Unpacking {
 
     UnpackResult finish() const {
         const auto unsafe = [](std::string detail) {
-            return ArchiveFailure{ArchiveFault::unsafe, std::move(detail)};
+            return Refusal{UpdateProblem::archiveUnsafe, std::move(detail)};
         };
         if (rules_.version().empty()) {
             return unsafe("no version in it");
@@ -192,6 +169,15 @@ class Unpacking {
         if (manifest->version != rules_.version()) {
             return unsafe("its manifest is of another version than its folder");
         }
+        // Without the one it would not start, without the other it could never be updated again.
+        for (const std::string& path : {programPath(manifest->name), helperPath(manifest->name)}) {
+            if (!programs_.contains(path)) {
+                return unsafe("no program " + path + " in it");
+            }
+        }
+        if (!isPublicKey(manifest->publicKey)) {
+            return unsafe("the key in its manifest is none: it could never be updated again");
+        }
         return UnpackedArchive{*manifest, bytes_, files_};
     }
 
@@ -201,6 +187,7 @@ class Unpacking {
     const ArchiveProgress& progress_;
     std::vector<std::byte> buffer_;
     std::string manifest_;
+    std::set<std::string> programs_;
     std::uint64_t bytes_ = 0;
     std::size_t files_ = 0;
 };
@@ -216,4 +203,4 @@ UnpackResult examineArchive(std::span<const std::byte> archive) {
     return Unpacking(archive, -1, {}).run();
 }
 
-} // namespace platform
+} // namespace updates

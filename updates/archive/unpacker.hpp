@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/updates/archive/archive_manifest.hpp"
+#include "updates/archive/archive_manifest.hpp"
+#include "updates/feed/update_problem.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,21 +10,7 @@
 #include <string>
 #include <variant>
 
-namespace platform {
-
-enum class ArchiveFault {
-    unreadable, ///< no archive of the kind, or a damaged one
-    unsafe,     ///< it holds what an update never holds
-    tooLarge,   ///< more files or more bytes than an update has
-    cancelled,  ///< the caller did not want to go on
-    system      ///< a file could not be written
-};
-
-struct ArchiveFailure {
-    ArchiveFault fault = ArchiveFault::unreadable;
-    std::string detail;  ///< one line, in English, for a report
-    int systemError = 0; ///< the errno of `ArchiveFault::system`
-};
+namespace updates {
 
 /// What was in an archive that kept all rules.
 struct UnpackedArchive {
@@ -35,16 +22,16 @@ struct UnpackedArchive {
 /// Told the bytes of the archive that are done; false stops the work.
 using ArchiveProgress = std::function<bool(std::uint64_t done)>;
 
-using UnpackResult = std::variant<UnpackedArchive, ArchiveFailure>;
+using UnpackResult = std::variant<UnpackedArchive, Refusal>;
 
 /// Unpacks the version that an update archive holds (its folder "Larkvox/versions/VERSION") into an
 /// empty folder, given by its descriptor. Only files and folders are made, none outside of it, no
-/// link is followed. What was made before a failure stays for the caller to remove. The archive's
-/// bytes must not change meanwhile.
+/// link is followed, and everybody may read them whatever the umask. What was made before a refusal
+/// stays for the caller to remove. The archive's bytes must not change meanwhile. Any thread.
 [[nodiscard]] UnpackResult unpackArchive(std::span<const std::byte> archive, int folder,
                                          const ArchiveProgress& progress = {});
 
 /// The same rules, and nothing is written.
 [[nodiscard]] UnpackResult examineArchive(std::span<const std::byte> archive);
 
-} // namespace platform
+} // namespace updates

@@ -1,14 +1,13 @@
-#include "platform/updates/dialogs/message_dialog.hpp"
+#include "updates/dialogs/message_dialog.hpp"
 
-#include "platform/ui/padded_item.hpp"
-#include "platform/updates/dialogs/dialog_controls.hpp"
-#include "platform/updates/dialogs/update_messages.hpp"
+#include "platform/controls/padded_item.hpp"
+#include "updates/dialogs/update_messages.hpp"
 
 #include <QBoxLayout>
 
 #include <utility>
 
-namespace platform {
+namespace updates {
 
 MessageDialog::MessageDialog(const DialogContext& context, QWidget* parent)
     : UpdateDialog(context, parent) {}
@@ -21,29 +20,32 @@ bool MessageDialog::show(const UpdateScene& scene) {
     say(message->title, message->text);
     const auto* const upToDate = std::get_if<scene::UpToDate>(&scene);
     if (upToDate != nullptr && upToDate->canCheckByItself) {
-        auto* const box = new DialogCheckBox(tr("Check automatically once a day"));
+        const DialogStyle& style = context().style;
+        auto* const box =
+            new platform::Button(tr("Check automatically once a day"), style.checkBox, this);
+        box->setCheckable(true);
+        connect(box, &QAbstractButton::toggled, box, [box, style](bool isChecked) {
+            box->setButtonStyle(isChecked ? style.checkedBox : style.checkBox);
+        });
         box->setChecked(context().checksByItself);
-        connect(box, &QCheckBox::toggled, this, context().setChecksByItself);
-        // The box stands in line with the text; its focus ring reaches out of its place.
-        content().addItem(new PaddedItem(box, {-DialogCheckBox::ringReach, 0, 0, 0}));
-        box->setParent(this);
-        box->show();
+        connect(box, &QAbstractButton::toggled, this, context().setChecksByItself);
+        content().addItem(new platform::PaddedItem(box, style.checkBox->padding()));
     }
     addButton(tr("Close"), Prominence::quiet, context().dismiss)->setFocus();
     switch (message->remedy) {
     case Remedy::none:
         break;
     case Remedy::again:
-        addButton(tr("Try Again"), Prominence::prominent, context().checkAgain);
+        addButton(tr("Try Again"), Prominence::prominent, context().checkAgain)->setFocus();
         break;
     case Remedy::website:
         addButton(tr("Open Website"), Prominence::prominent, [this] {
             context().workspace->open(context().website);
             context().dismiss();
-        });
+        })->setFocus();
         break;
     }
     return true;
 }
 
-} // namespace platform
+} // namespace updates

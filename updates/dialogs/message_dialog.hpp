@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/updates/dialogs/update_dialog.hpp"
+#include "updates/dialogs/update_dialog.hpp"
 
-namespace platform {
+namespace updates {
 
 /// Says how a check or an update ended: up to date, no, or why not.
 class MessageDialog final : public UpdateDialog {
@@ -16,4 +16,4 @@ class MessageDialog final : public UpdateDialog {
     bool isFilled_ = false;
 };
 
-} // namespace platform
+} // namespace updates

@@ -1,10 +1,13 @@
-#include "platform/updates/dialogs/offer_dialog.hpp"
+#include "updates/dialogs/offer_dialog.hpp"
 
-#include "platform/updates/dialogs/release_notes_view.hpp"
+#include "updates/dialogs/release_notes_view.hpp"
 
 #include <QBoxLayout>
+#include <QScreen>
 
-namespace platform {
+#include <algorithm>
+
+namespace updates {
 namespace {
 
 constexpr int notesHeight = 216;
@@ -38,18 +41,25 @@ bool OfferDialog::show(const UpdateScene& scene) {
                           : tr("A new version is available"),
         text);
 
-    const QString notes = offer->isLoadingNotes
-                              ? QStringLiteral("<p>%1</p>").arg(tr("Loading the release notes…"))
-                          : offer->notes.isEmpty()
-                              ? QStringLiteral("<p>%1</p>").arg(tr("There are no release notes."))
-                              : offer->notes;
+    QString notes = offer->isLoadingNotes
+                        ? QStringLiteral("<p>%1</p>").arg(tr("Loading the release notes…"))
+                    : offer->notes.isEmpty()
+                        ? QStringLiteral("<p>%1</p>").arg(tr("There are no release notes."))
+                        : offer->notes;
+    if (!offer->notesPage.isEmpty()) {
+        notes += QStringLiteral("<p><a href=\"%1\">%2</a></p>")
+                     .arg(offer->notesPage.toString(QUrl::FullyEncoded).toHtmlEscaped(),
+                          //: a link behind the beginning of the release notes
+                          tr("All release notes are on this page."));
+    }
     if (notes != shownNotes_) {
         shownNotes_ = notes;
         const bool hasNotes = offer->isLoadingNotes || !offer->notes.isEmpty();
-        notes_->setFixedHeight(hasNotes ? notesHeight : lineHeight);
+        notes_->setFixedHeight(std::min(hasNotes ? notesHeight : lineHeight,
+                                        screen()->availableGeometry().height() / 3));
         notes_->showNotes(notes);
     }
-    if (findChild<Button*>() == nullptr) {
+    if (findChild<platform::Button*>() == nullptr) {
         if (!offer->isCritical) {
             addButton(tr("Skip This Version"), Prominence::quiet, context().skip, Place::apart);
         }
@@ -61,4 +71,4 @@ bool OfferDialog::show(const UpdateScene& scene) {
     return true;
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/updates/dialogs/update_dialog.hpp"
+#include "updates/dialogs/update_dialog.hpp"
 
-namespace platform {
+namespace updates {
 
 class ReleaseNotesView;
 
@@ -19,4 +19,4 @@ class OfferDialog final : public UpdateDialog {
     QString shownNotes_;
 };
 
-} // namespace platform
+} // namespace updates

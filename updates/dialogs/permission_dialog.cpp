@@ -1,6 +1,6 @@
-#include "platform/updates/dialogs/permission_dialog.hpp"
+#include "updates/dialogs/permission_dialog.hpp"
 
-namespace platform {
+namespace updates {
 
 PermissionDialog::PermissionDialog(const DialogContext& context, QWidget* parent)
     : UpdateDialog(context, parent) {
@@ -21,4 +21,4 @@ bool PermissionDialog::show(const UpdateScene& scene) {
     return std::holds_alternative<scene::Permission>(scene);
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/updates/dialogs/update_dialog.hpp"
+#include "updates/dialogs/update_dialog.hpp"
 
-namespace platform {
+namespace updates {
 
 /// May the program look for updates by itself? Closing it is no answer: it asks again another time.
 class PermissionDialog final : public UpdateDialog {
@@ -13,4 +13,4 @@ class PermissionDialog final : public UpdateDialog {
     bool show(const UpdateScene& scene) override;
 };
 
-} // namespace platform
+} // namespace updates

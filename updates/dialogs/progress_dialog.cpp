@@ -1,13 +1,13 @@
-#include "platform/updates/dialogs/progress_dialog.hpp"
+#include "updates/dialogs/progress_dialog.hpp"
 
-#include "platform/ui/system_font.hpp"
-#include "platform/updates/dialogs/update_progress_bar.hpp"
+#include "platform/assets/system_font.hpp"
+#include "updates/dialogs/update_progress_bar.hpp"
 
 #include <QBoxLayout>
 #include <QLabel>
 #include <QLocale>
 
-namespace platform {
+namespace updates {
 namespace {
 
 QString sizeText(double bytes) {
@@ -19,7 +19,7 @@ QString sizeText(double bytes) {
 ProgressDialog::ProgressDialog(const DialogContext& context, QWidget* parent)
     : UpdateDialog(context, parent), bar_(new UpdateProgressBar), detail_(new QLabel) {
     bar_->setAccessibleName(tr("Progress"));
-    detail_->setFont(systemFont(12, QFont::Normal));
+    detail_->setFont(platform::systemFont(12, QFont::Medium, platform::FontDesign::rounded));
     detail_->setForegroundRole(QPalette::PlaceholderText);
     detail_->setTextFormat(Qt::PlainText);
     content().addWidget(bar_);
@@ -106,4 +106,4 @@ void ProgressDialog::offer(Choice choice) {
     }
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/updates/dialogs/update_dialog.hpp"
+#include "updates/dialogs/update_dialog.hpp"
 
 class QLabel;
 
-namespace platform {
+namespace updates {
 
 class UpdateProgressBar;
 
@@ -32,4 +32,4 @@ class ProgressDialog final : public UpdateDialog {
     std::optional<Choice> offered_;
 };
 
-} // namespace platform
+} // namespace updates

@@ -1,8 +1,7 @@
-#include "platform/updates/dialogs/release_notes_view.hpp"
+#include "updates/dialogs/release_notes_view.hpp"
 
-#include "platform/ui/focus_ring.hpp"
-#include "platform/ui/system_font.hpp"
-#include "platform/updates/dialogs/dialog_controls.hpp"
+#include "platform/assets/system_font.hpp"
+#include "platform/controls/focus_ring.hpp"
 
 #include <QFocusEvent>
 #include <QPainter>
@@ -10,20 +9,45 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-namespace platform {
+#include <algorithm>
+
+namespace updates {
 namespace {
 
-constexpr double radius = 5;
+constexpr double fieldRadius = 5;
+
+/// A thin one without arrows, on the panel.
+class ThinScrollBar final : public QScrollBar {
+  public:
+    ThinScrollBar() : QScrollBar(Qt::Vertical) {}
+    [[nodiscard]] QSize sizeHint() const override { return {12, 40}; }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        if (maximum() <= minimum()) {
+            return;
+        }
+        const double room = height() - 8;
+        const double length =
+            std::max(24.0, room * pageStep() / (maximum() - minimum() + pageStep()));
+        const double top = 4 + (room - length) * (value() - minimum()) / (maximum() - minimum());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(255, 255, 255, isSliderDown() ? 110 : 62));
+        painter.drawRoundedRect(QRectF((width() - 5) / 2.0, top, 5, length), 2.5, 2.5);
+    }
+};
 
 } // namespace
 
-ReleaseNotesView::ReleaseNotesView(Workspace& workspace, QWidget* parent) : QTextBrowser(parent) {
+ReleaseNotesView::ReleaseNotesView(platform::Workspace& workspace, QWidget* parent)
+    : QTextBrowser(parent) {
     setFrameShape(QFrame::NoFrame);
     setOpenLinks(false);
-    setFont(systemFont(13, QFont::Normal));
+    setFont(platform::systemFont(13, QFont::Medium, platform::FontDesign::rounded));
     setAccessibleName(tr("Release notes"));
-    setMinimumHeight(120);
-    setVerticalScrollBar(new DialogScrollBar);
+    setVerticalScrollBar(new ThinScrollBar);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabChangesFocus(true);
     setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
@@ -36,6 +60,8 @@ ReleaseNotesView::ReleaseNotesView(Workspace& workspace, QWidget* parent) : QTex
 
 void ReleaseNotesView::showNotes(const QString& html) {
     setHtml(html);
+    QTextCursor all(document());
+    all.beginEditBlock(); // laid out once
     // Headings are told apart by weight, not by the sizes of a newspaper.
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         if (const int level = block.blockFormat().headingLevel(); level > 0) {
@@ -44,10 +70,11 @@ void ReleaseNotesView::showNotes(const QString& html) {
             QTextCharFormat format;
             format.setProperty(QTextFormat::FontSizeAdjustment, 0);
             format.setProperty(QTextFormat::FontPixelSize, level <= 2 ? 15 : 13);
-            format.setFontWeight(QFont::DemiBold);
+            format.setFontWeight(QFont::Bold);
             cursor.mergeCharFormat(format);
         }
     }
+    all.endEditBlock();
     verticalScrollBar()->setValue(0);
 }
 
@@ -60,23 +87,24 @@ bool ReleaseNotesView::event(QEvent* event) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(255, 255, 255, 22), 1));
     painter.setBrush(palette().color(QPalette::Base).darker(115));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), fieldRadius,
+                            fieldRadius);
     if (showsFocus_ && hasFocus()) {
-        paintFocusRing(painter, QRectF(rect()), radius, palette());
+        platform::paintFocusRing(painter, QRectF(rect()), fieldRadius, palette());
     }
     return true;
 }
 
 void ReleaseNotesView::focusInEvent(QFocusEvent* event) {
-    showsFocus_ = showsFocusAfter(event->reason(), showsFocus_);
+    showsFocus_ = platform::showsFocusAfter(event->reason(), showsFocus_);
     QTextBrowser::focusInEvent(event);
     update();
 }
 
 void ReleaseNotesView::focusOutEvent(QFocusEvent* event) {
-    showsFocus_ = showsFocusAfter(event->reason(), showsFocus_);
+    showsFocus_ = platform::showsFocusAfter(event->reason(), showsFocus_);
     QTextBrowser::focusOutEvent(event);
     update();
 }
 
-} // namespace platform
+} // namespace updates

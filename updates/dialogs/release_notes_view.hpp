@@ -4,15 +4,15 @@
 
 #include <QTextBrowser>
 
-namespace platform {
+namespace updates {
 
 /// Shows safe rich text and nothing else: whatever the text names, nothing is loaded, neither from
-/// the network nor from the disk. Links open with the user's browser.
+/// the network nor from the disk. Links open with the user's browser. Main thread.
 class ReleaseNotesView final : public QTextBrowser {
     Q_OBJECT
 
   public:
-    explicit ReleaseNotesView(Workspace& workspace, QWidget* parent = nullptr);
+    explicit ReleaseNotesView(platform::Workspace& workspace, QWidget* parent = nullptr);
 
     /// `html` as `safeHtml` makes it.
     void showNotes(const QString& html);
@@ -28,4 +28,4 @@ class ReleaseNotesView final : public QTextBrowser {
     bool showsFocus_ = false;
 };
 
-} // namespace platform
+} // namespace updates

@@ -1,22 +1,44 @@
-#include "platform/updates/dialogs/update_dialog.hpp"
+#include "updates/dialogs/update_dialog.hpp"
 
-#include "platform/ui/system_font.hpp"
-#include "platform/updates/dialogs/message_dialog.hpp"
-#include "platform/updates/dialogs/offer_dialog.hpp"
-#include "platform/updates/dialogs/permission_dialog.hpp"
-#include "platform/updates/dialogs/progress_dialog.hpp"
+#include "platform/assets/system_font.hpp"
+#include "platform/controls/padded_item.hpp"
+#include "updates/dialogs/message_dialog.hpp"
+#include "updates/dialogs/offer_dialog.hpp"
+#include "updates/dialogs/permission_dialog.hpp"
+#include "updates/dialogs/progress_dialog.hpp"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFontMetricsF>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
+#include <QScreen>
 #include <QVBoxLayout>
 
-namespace platform {
+#include <algorithm>
+
+namespace updates {
 namespace {
 
 constexpr int iconSize = 64;
+constexpr int iconInset = 3; // from its picture's edge to what is drawn
 constexpr int textWidth = 388;
+constexpr int longestTextWidth = 560;
+constexpr double labelMargin = 16; // of a button, to its edge
+constexpr double leastLabelWidth = 96;
+
+/// The program's icon as it is by now: it may come after its windows.
+class ProgramIcon final : public QWidget {
+  public:
+    explicit ProgramIcon(QWidget* parent) : QWidget(parent) { setFixedSize(iconSize, iconSize); }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        QApplication::windowIcon().paint(&painter, rect());
+    }
+};
 
 QLabel* makeLabel(const QFont& font) {
     auto* const label = new QLabel;
@@ -24,6 +46,7 @@ QLabel* makeLabel(const QFont& font) {
     label->setFont(font);
     label->setWordWrap(true);
     label->setMinimumWidth(textWidth);
+    label->setMaximumSize(longestTextWidth, label->screen()->availableGeometry().height() / 4);
     label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     return label;
 }
@@ -33,18 +56,14 @@ QLabel* makeLabel(const QFont& font) {
 UpdateDialog::UpdateDialog(const DialogContext& context, QWidget* parent)
     : QDialog(parent),
       context_(context),
-      title_(makeLabel(systemFont(15, QFont::Bold, FontDesign::rounded))),
-      text_(makeLabel(systemFont(13, QFont::Normal))),
+      title_(makeLabel(platform::systemFont(15, QFont::Bold, platform::FontDesign::rounded))),
+      text_(makeLabel(platform::systemFont(13, QFont::Medium, platform::FontDesign::rounded))),
       content_(new QVBoxLayout),
       apart_(new QHBoxLayout),
       row_(new QHBoxLayout) {
     //: the title of a window; %1 is the name of the program
     setWindowTitle(tr("%1 Update").arg(context.product));
-    auto* const icon = new QLabel;
-    icon->setPixmap(
-        QApplication::windowIcon().pixmap(QSize(iconSize, iconSize), devicePixelRatio()));
-    icon->setFixedWidth(iconSize);
-    icon->setAlignment(Qt::AlignTop);
+    auto* const icon = new ProgramIcon(this);
 
     content_->setSpacing(8);
     auto* const buttons = new QHBoxLayout;
@@ -65,7 +84,9 @@ UpdateDialog::UpdateDialog(const DialogContext& context, QWidget* parent)
     texts->addStretch(1);
     auto* const upper = new QHBoxLayout;
     upper->setSpacing(20);
-    upper->addWidget(icon, 0, Qt::AlignTop);
+    auto* const place = new platform::PaddedItem(icon, {-iconInset, 0, -iconInset, 0});
+    place->setAlignment(Qt::AlignTop);
+    upper->addItem(place);
     upper->addLayout(texts, 1);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(24, 24, 24, 20);
@@ -86,11 +107,17 @@ void UpdateDialog::say(const QString& title, const QString& text) {
     setAccessibleDescription(text);
 }
 
-Button* UpdateDialog::addButton(const QString& label, Prominence prominence,
-                                const std::function<void()>& action, Place place) {
-    Button* const button = makeDialogButton(label, prominence, this);
+platform::Button* UpdateDialog::addButton(const QString& label, Prominence prominence,
+                                          const std::function<void()>& action, Place place) {
+    const auto& style = prominence == Prominence::prominent ? context_.style.prominentButton
+                                                            : context_.style.button;
+    auto* const button = new platform::Button(label, style, this);
+    button->setLabelWidth(std::max(
+        leastLabelWidth, QFontMetricsF(style->font()).horizontalAdvance(label) + 2 * labelMargin));
     connect(button, &QAbstractButton::clicked, this, action);
-    (place == Place::apart ? apart_ : row_)->addWidget(button);
+    (place == Place::apart ? apart_ : row_)
+        ->addItem(new platform::PaddedItem(button, style->padding()));
+    button->show();
     return button;
 }
 
@@ -144,4 +171,4 @@ UpdateDialog* makeUpdateDialog(const UpdateScene& scene, const DialogContext& co
     return dialog;
 }
 
-} // namespace platform
+} // namespace updates

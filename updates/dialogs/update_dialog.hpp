@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/ui/workspace.hpp"
-#include "platform/updates/dialogs/dialog_button_style.hpp"
-#include "platform/updates/session/update_scene.hpp"
+#include "updates/dialogs/dialog_style.hpp"
+#include "updates/session/update_scene.hpp"
 
 #include <QDialog>
 #include <QUrl>
@@ -12,13 +12,14 @@
 class QBoxLayout;
 class QLabel;
 
-namespace platform {
+namespace updates {
 
-/// What the dialogs of an updater have in common.
+/// What the dialogs of an updater have in common. A value.
 struct DialogContext {
-    QString product;      ///< the program's name
-    QUrl website;         ///< where a person gets the program by hand
-    Workspace* workspace; ///< opens links; outlives the dialogs
+    DialogStyle style;
+    QString product;                ///< the program's name
+    QUrl website;                   ///< where a person gets the program by hand
+    platform::Workspace* workspace; ///< opens links; outlives the dialogs
     bool checksByItself = false;
 
     // What the user may decide; all are set.
@@ -31,8 +32,9 @@ struct DialogContext {
 };
 
 /// One dialog of the updater: the program's icon, what is the matter, what there is to see, and
-/// buttons. No button is pressed by Return unless it has the focus, and none that installs has it
-/// to begin with. Escape, and closing the window, dismiss.
+/// buttons. No button is pressed by Return unless it has the focus, and none that installs or gives
+/// leave has it to begin with. Escape, and closing the window, dismiss. It is never larger than the
+/// screen. Main thread.
 class UpdateDialog : public QDialog {
     Q_OBJECT
 
@@ -50,15 +52,15 @@ class UpdateDialog : public QDialog {
   protected:
     void closeEvent(QCloseEvent* event) override;
 
-    using Prominence = DialogButtonStyle::Prominence;
+    enum class Prominence { quiet, prominent };
 
     void say(const QString& title, const QString& text);
     /// Where a dialog puts what else it shows, below the text.
     [[nodiscard]] QBoxLayout& content() const { return *content_; }
     /// Buttons are added from left to right. One that stands apart is at the far left.
     enum class Place { row, apart };
-    Button* addButton(const QString& label, Prominence prominence,
-                      const std::function<void()>& action, Place place = Place::row);
+    platform::Button* addButton(const QString& label, Prominence prominence,
+                                const std::function<void()>& action, Place place = Place::row);
     /// Throws the buttons away.
     void clearButtons();
     [[nodiscard]] const DialogContext& context() const { return context_; }
@@ -78,4 +80,4 @@ class UpdateDialog : public QDialog {
 [[nodiscard]] UpdateDialog* makeUpdateDialog(const UpdateScene& scene, const DialogContext& context,
                                              QWidget* parent = nullptr);
 
-} // namespace platform
+} // namespace updates

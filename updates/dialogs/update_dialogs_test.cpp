@@ -1,15 +1,16 @@
 #include "platform/testing/window_testing.hpp"
-#include "platform/updates/dialogs/release_notes_view.hpp"
-#include "platform/updates/dialogs/update_messages.hpp"
-#include "platform/updates/dialogs/update_windows.hpp"
-#include "platform/updates/session/safe_html.hpp"
-#include "platform/updates/session/update_session.hpp"
+#include "updates/dialogs/release_notes_view.hpp"
+#include "updates/dialogs/update_messages.hpp"
+#include "updates/dialogs/update_windows.hpp"
+#include "updates/session/safe_html.hpp"
+#include "updates/session/update_session.hpp"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
-#include <QCheckBox>
 #include <QLabel>
 #include <QProgressBar>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -18,12 +19,12 @@
 #include <memory>
 #include <set>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using ::testing::ElementsAre;
 
-class FakeWorkspace final : public Workspace {
+class FakeWorkspace final : public platform::Workspace {
   public:
     bool open(const QUrl& url) override {
         opened.append(url);
@@ -32,13 +33,26 @@ class FakeWorkspace final : public Workspace {
     QList<QUrl> opened;
 };
 
+class PlainStyle final : public platform::ButtonStyle {
+  public:
+    [[nodiscard]] QFont font() const override { return {}; }
+    [[nodiscard]] double height() const override { return 24; }
+    void paint(QPainter&, const QRectF&, const platform::ButtonConfiguration&) const override {}
+};
+
+DialogStyle plainStyle() {
+    const auto style = std::make_shared<PlainStyle>();
+    return {style, std::make_shared<PlainStyle>(), style, style};
+}
+
 class UpdateDialogs : public ::testing::Test {
   protected:
     UpdateDialog& show(const UpdateScene& scene) {
         const auto note = [this](const char* what) {
             return [this, what] { decisions.emplace_back(what); };
         };
-        dialog.reset(makeUpdateDialog(scene, {.product = "Larkvox",
+        dialog.reset(makeUpdateDialog(scene, {.style = plainStyle(),
+                                              .product = "Larkvox",
                                               .website = QUrl("https://www.fennick.example/"),
                                               .workspace = &workspace,
                                               .checksByItself = true,
@@ -50,14 +64,14 @@ class UpdateDialogs : public ::testing::Test {
                                               .setChecksByItself = [this](bool checks) {
                                                   decisions.emplace_back(checks ? "yes" : "no");
                                               }}));
-        testing::showActive(*dialog);
+        platform::testing::showActive(*dialog);
         return *dialog;
     }
 
     [[nodiscard]] std::vector<std::string> buttons() const {
         std::vector<std::string> texts;
-        for (const Button* const button : dialog->findChildren<Button*>()) {
-            if (button->isVisible()) {
+        for (const platform::Button* const button : dialog->findChildren<platform::Button*>()) {
+            if (button->isVisible() && !button->isCheckable()) {
                 texts.push_back(button->text().toStdString());
             }
         }
@@ -65,7 +79,7 @@ class UpdateDialogs : public ::testing::Test {
     }
 
     void press(const char* text) {
-        for (Button* const button : dialog->findChildren<Button*>()) {
+        for (platform::Button* const button : dialog->findChildren<platform::Button*>()) {
             if (button->isVisible() && button->text() == text) {
                 button->click();
                 return;
@@ -119,7 +133,7 @@ TEST_F(UpdateDialogs, HaveTheirButtonsAndReturnInstallsNothing) {
         QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget()
                                                                : &shown,
                         Qt::Key_Return);
-        testing::runFor(150); // the button that has the focus goes down and up
+        platform::testing::runFor(150); // the button that has the focus goes down and up
         EXPECT_THAT(decisions, ::testing::Not(::testing::Contains(
                                    ::testing::AnyOf("install", "relaunch", "yes", "skip"))));
         decisions.clear();
@@ -145,7 +159,7 @@ TEST_F(UpdateDialogs, AreWorkedWithTheKeyboardAlone) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-    testing::runUntil([&] { return !decisions.empty(); });
+    platform::testing::runUntil([&] { return !decisions.empty(); });
     EXPECT_THAT(decisions, ElementsAre("install"));
 }
 
@@ -193,11 +207,57 @@ TEST_F(UpdateDialogs, ShowNotesAndLoadNothing) {
     EXPECT_EQ(workspace.opened.back(), QUrl("https://www.fennick.example/"));
 }
 
+TEST_F(UpdateDialogs, OpenLinksElsewhere) {
+    scene::Offer linked = offer;
+    linked.notes = "<p><a href=\"https://a.example/b\">A link that is easy to hit</a></p>";
+    linked.notesPage = QUrl("https://a.example/all?\"><b>");
+    auto* const notes = show(linked).findChild<ReleaseNotesView*>();
+    const QString before = notes->toPlainText();
+    EXPECT_TRUE(before.endsWith("All release notes are on this page."));
+    QTest::mouseClick(notes->viewport(), Qt::LeftButton, {}, {40, 22});
+    EXPECT_EQ(workspace.opened, QList<QUrl>{QUrl("https://a.example/b")});
+    EXPECT_EQ(notes->toPlainText(), before);
+    EXPECT_EQ(notes->anchorAt({40, 22}), "https://a.example/b"); // it shows where a click goes
+    EXPECT_TRUE(notes->toHtml().contains("https://a.example/all?%22%3E%3Cb%3E"));
+}
+
+TEST_F(UpdateDialogs, ShowTextAsItIsAndNeverExceedTheScreen) {
+    const QString lines = QString("a line\n").repeated(2000);
+    const QString word(5000, 'x');
+    const QString rich = "<h1>Your licence has expired</h1><br><br><br><br>";
+    for (const QString& text : {lines, word, rich}) {
+        scene::Offer loud = offer;
+        loud.version = text;
+        for (const UpdateScene& scene : std::initializer_list<UpdateScene>{
+                 loud, scene::Failed{{UpdateProblem::offline, text}},
+                 scene::Downloading{text, {1, 2, 0}}, scene::UpToDate{text, true}}) {
+            show(scene);
+            const QSize screen = dialog->screen()->availableSize();
+            EXPECT_LE(dialog->width(), screen.width());
+            EXPECT_LE(dialog->height(), screen.height());
+            for (const QLabel* const label : dialog->findChildren<QLabel*>()) {
+                EXPECT_TRUE(label->text().isEmpty() || label->textFormat() == Qt::PlainText);
+            }
+        }
+    }
+}
+
+TEST_F(UpdateDialogs, OfferTheRemedyFirstAndTellWhatFailed) {
+    show(scene::Failed{{UpdateProblem::offline, "host"}, scene::Failed::While::looking});
+    EXPECT_EQ(QApplication::focusWidget()->property("text"), "Try Again");
+    EXPECT_EQ(dialog->accessibleName(), "Larkvox couldn’t look for updates");
+    show(scene::Failed{{UpdateProblem::offline, "host"}});
+    EXPECT_EQ(dialog->accessibleName(), "Larkvox couldn’t get the update");
+    show(scene::Failed{{UpdateProblem::signatureMissing, {}}});
+    EXPECT_EQ(QApplication::focusWidget()->property("text"), "Open Website");
+}
+
 TEST_F(UpdateDialogs, LetThePersonChooseOnceADay) {
     show(scene::UpToDate{"1.0.0", true});
-    auto* const box = dialog->findChild<QCheckBox*>();
-    ASSERT_NE(box, nullptr);
+    auto* const box = dialog->findChild<QAbstractButton*>();
+    ASSERT_TRUE(box != nullptr && box->isCheckable());
     EXPECT_TRUE(box->isChecked());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(box)->role(), QAccessible::CheckBox);
     QTest::keyClick(box, Qt::Key_Space);
     EXPECT_THAT(decisions, ElementsAre("no"));
 }
@@ -207,7 +267,7 @@ TEST(UpdateMessages, AreDistinctAndComplete) {
     const int last = static_cast<int>(UpdateProblem::relaunchFailed);
     for (int i = 0; i <= last; ++i) {
         const UpdateMessage message =
-            messageOf(UpdateFailure{static_cast<UpdateProblem>(i), "DETAIL"}, "Larkvox");
+            messageOf(scene::Failed{{static_cast<UpdateProblem>(i), "DETAIL"}}, "Larkvox").value();
         EXPECT_FALSE(message.title.isEmpty()) << i;
         EXPECT_GT(message.text.size(), 40) << i;
         EXPECT_FALSE(message.text.contains('%')) << message.text.toStdString();
@@ -225,7 +285,7 @@ class UpdateWindowsTest : public ::testing::Test {
     }
     FakeWorkspace workspace;
     UpdateSession session{UpdaterConfiguration()};
-    UpdateWindows windows{session, workspace};
+    UpdateWindows windows{session, plainStyle(), workspace};
     int changes = 0;
 };
 
@@ -244,8 +304,8 @@ TEST_F(UpdateWindowsTest, TakeTheFocusOnCommandOnly) {
     ASSERT_NE(windows.dialog(), nullptr);
     EXPECT_FALSE(windows.dialog()->testAttribute(Qt::WA_ShowWithoutActivating));
     const QPoint centre = windows.dialog()->geometry().center();
-    ASSERT_TRUE(
-        testing::runUntil([&] { return std::holds_alternative<scene::Failed>(session.scene()); }));
+    ASSERT_TRUE(platform::testing::runUntil(
+        [&] { return std::holds_alternative<scene::Failed>(session.scene()); }));
     EXPECT_LT((windows.dialog()->geometry().center() - centre).manhattanLength(), 4);
     windows.dialog()->close();
     EXPECT_TRUE(std::holds_alternative<scene::Nothing>(session.scene()));
@@ -255,7 +315,7 @@ TEST_F(UpdateWindowsTest, TakeTheFocusOnCommandOnly) {
 TEST_F(UpdateWindowsTest, KeepNoProgramAliveThatHasNoWindowLeft) {
     for (const bool isClosedByItsFrame : {true, false}) {
         session.checkForUpdates();
-        ASSERT_TRUE(testing::runUntil(
+        ASSERT_TRUE(platform::testing::runUntil(
             [&] { return std::holds_alternative<scene::Failed>(session.scene()); }));
         QTimer::singleShot(0, windows.dialog(), [&] {
             isClosedByItsFrame ? static_cast<void>(windows.dialog()->close()) : session.dismiss();
@@ -271,4 +331,4 @@ TEST_F(UpdateWindowsTest, KeepNoProgramAliveThatHasNoWindowLeft) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace updates

@@ -1,23 +1,23 @@
-#include "platform/updates/dialogs/update_messages.hpp"
+#include "updates/dialogs/update_messages.hpp"
 
 #include <QCoreApplication>
 
-namespace platform {
+namespace updates {
 namespace {
 
 class UpdateMessages {
-    Q_DECLARE_TR_FUNCTIONS(platform::UpdateMessages)
+    Q_DECLARE_TR_FUNCTIONS(updates::UpdateMessages)
 
   public:
-    static QString titleOf(UpdateProblem problem, const QString& product);
+    static QString titleOf(const scene::Failed& failed, const QString& product);
     static QString textOf(const UpdateFailure& failure, const QString& product);
     static Remedy remedyOf(UpdateProblem problem);
     static QString textOf(const NothingSuitable& reason, const QString& product);
     static QString textOf(const scene::ManagedElsewhere& scene, const QString& product);
 };
 
-QString UpdateMessages::titleOf(UpdateProblem problem, const QString& product) {
-    switch (problem) {
+QString UpdateMessages::titleOf(const scene::Failed& failed, const QString& product) {
+    switch (failed.failure.problem) {
     case UpdateProblem::wrongLength:
     case UpdateProblem::archiveTooLarge:
     case UpdateProblem::signatureMissing:
@@ -45,8 +45,11 @@ QString UpdateMessages::titleOf(UpdateProblem problem, const QString& product) {
         //: %1 is the name of the program
         return tr("%1 couldn’t be relaunched").arg(product);
     default:
-        //: %1 is the name of the program
-        return tr("%1 couldn’t get the update").arg(product);
+        return failed.doing == scene::Failed::While::looking
+                   //: %1 is the name of the program
+                   ? tr("%1 couldn’t look for updates").arg(product)
+                   //: %1 is the name of the program
+                   : tr("%1 couldn’t get the update").arg(product);
     }
 }
 
@@ -80,7 +83,7 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
                   "possible. Set the date and time, then try again.")
             .arg(detail);
     case UpdateProblem::insecureAddress:
-        return tr("The server wanted to send the update over a connection that isn’t encrypted. "
+        return tr("The server wanted to answer over a connection that isn’t encrypted. "
                   "That was refused. Try again later, or get the new version from the website.");
     case UpdateProblem::tooManyRedirects:
         return tr("The server sent the request from place to place without an end. Try again "
@@ -99,6 +102,25 @@ QString UpdateMessages::textOf(const UpdateFailure& failure, const QString& prod
     case UpdateProblem::connectionLost:
         return tr("The connection was lost again and again. Try again later; nothing was changed.");
 
+    case UpdateProblem::noKey:
+        //: %1 is the name of the program
+        return tr("This copy of %1 was built without the maker’s key, so it can’t tell a genuine "
+                  "list of updates from a forged one. Get the new version from the website.")
+            .arg(product);
+    case UpdateProblem::feedNotSigned:
+        //: %1 is the name of the program
+        return tr("The list of updates isn’t signed by the maker of %1, or was changed on its way, "
+                  "so it wasn’t read. Try again later, on another network if you can.")
+            .arg(product);
+    case UpdateProblem::feedSuperseded:
+        return tr("The server sent an older list of updates than it did before. It wasn’t used. "
+                  "Try again later, on another network if you can.");
+    case UpdateProblem::feedExpired:
+        //: %1 is the name of the program
+        return tr("The list of updates is out of date: the maker of %1 hasn’t renewed it, or "
+                  "somebody keeps newer ones from you. Check that this computer’s date is right, "
+                  "try another network, or look on the website.")
+            .arg(product);
     case UpdateProblem::feedTooLarge:
         return tr("The list of updates on the server is far larger than it can be, so it wasn’t "
                   "read. Try again later.");
@@ -191,6 +213,8 @@ Remedy UpdateMessages::remedyOf(UpdateProblem problem) {
     switch (problem) {
     case UpdateProblem::insecureAddress:
     case UpdateProblem::notOnServer:
+    case UpdateProblem::noKey:
+    case UpdateProblem::feedExpired:
     case UpdateProblem::signatureMissing:
     case UpdateProblem::archiveUnsafe:
     case UpdateProblem::otherPlatform:
@@ -211,7 +235,7 @@ Remedy UpdateMessages::remedyOf(UpdateProblem problem) {
 }
 
 QString UpdateMessages::textOf(const NothingSuitable& reason, const QString& product) {
-    const QString version = QString::fromStdString(reason.item.displayVersion());
+    const QString version = shownVersion(reason.item);
     switch (reason.why) {
     case NothingSuitable::Why::nothingForThisSystem:
         //: %1 is the name of the program
@@ -234,7 +258,7 @@ QString UpdateMessages::textOf(const NothingSuitable& reason, const QString& pro
     case NothingSuitable::Why::needsNewerSystem:
         //: %1 is the name of the program, %2 a version of it, %3 one of the system’s kernel
         return tr("%1 %2 needs a newer system: Linux %3 or later. Update your system first.")
-            .arg(product, version, QString::fromStdString(reason.item.minimumSystemVersion));
+            .arg(product, version, shownVersion(reason.item.minimumSystemVersion));
     case NothingSuitable::Why::belowHighestInstalled:
         //: %1 is the name of the program, %2 a version
         return tr("%1 %2 is announced, but a newer version was installed here before. It isn’t "
@@ -266,6 +290,11 @@ QString UpdateMessages::textOf(const scene::ManagedElsewhere& scene, const QStri
         return tr("%1 %2 is available. You can’t change the folder of this copy: whoever installed "
                   "it looks after its updates.")
             .arg(product, scene.version);
+    case Management::gone:
+        //: %1 is the name of the program, %2 the new version
+        return tr("%1 %2 is available. The folder of this copy was moved or removed while it ran: "
+                  "quit it, and start it from where it is now.")
+            .arg(product, scene.version);
     case Management::itself:
     case Management::nobody:
         break;
@@ -278,14 +307,11 @@ QString UpdateMessages::textOf(const scene::ManagedElsewhere& scene, const QStri
 
 } // namespace
 
-UpdateMessage messageOf(const UpdateFailure& failure, const QString& product) {
-    return {UpdateMessages::titleOf(failure.problem, product),
-            UpdateMessages::textOf(failure, product), UpdateMessages::remedyOf(failure.problem)};
-}
-
 std::optional<UpdateMessage> messageOf(const UpdateScene& scene, const QString& product) {
     if (const auto* const failed = std::get_if<scene::Failed>(&scene)) {
-        return messageOf(failed->failure, product);
+        return UpdateMessage{UpdateMessages::titleOf(*failed, product),
+                             UpdateMessages::textOf(failed->failure, product),
+                             UpdateMessages::remedyOf(failed->failure.problem)};
     }
     if (const auto* const upToDate = std::get_if<scene::UpToDate>(&scene)) {
         return UpdateMessage{
@@ -308,4 +334,4 @@ std::optional<UpdateMessage> messageOf(const UpdateScene& scene, const QString& 
     return std::nullopt;
 }
 
-} // namespace platform
+} // namespace updates

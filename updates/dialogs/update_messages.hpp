@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/updates/session/update_scene.hpp"
+#include "updates/session/update_scene.hpp"
 
 #include <QString>
 
 #include <optional>
 
-namespace platform {
+namespace updates {
 
 /// What a person can do about it at once.
 enum class Remedy { none, again, website };
@@ -18,10 +18,9 @@ struct UpdateMessage {
     Remedy remedy = Remedy::none;
 };
 
-/// Every failure has a text of its own that says what to do. `product` is the program's name.
-[[nodiscard]] UpdateMessage messageOf(const UpdateFailure& failure, const QString& product);
-/// How a check or an update ended; nothing for a scene that is no end.
+/// How a check or an update ended; nothing for a scene that is no end. Every failure has a text of
+/// its own that says what to do. `product` is the program's name. Main thread.
 [[nodiscard]] std::optional<UpdateMessage> messageOf(const UpdateScene& scene,
                                                      const QString& product);
 
-} // namespace platform
+} // namespace updates

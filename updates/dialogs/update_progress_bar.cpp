@@ -1,4 +1,4 @@
-#include "platform/updates/dialogs/update_progress_bar.hpp"
+#include "updates/dialogs/update_progress_bar.hpp"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace platform {
+namespace updates {
 namespace {
 
 constexpr int steps = 1000;
@@ -89,4 +89,4 @@ void UpdateProgressBar::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(filled, radius - 1, radius - 1);
 }
 
-} // namespace platform
+} // namespace updates

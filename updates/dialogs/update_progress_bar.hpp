@@ -3,7 +3,7 @@
 #include <QProgressBar>
 #include <QTimer>
 
-namespace platform {
+namespace updates {
 
 /// A thin bar. While the length of the work is not known a light wanders through it.
 class UpdateProgressBar final : public QProgressBar {
@@ -30,4 +30,4 @@ class UpdateProgressBar final : public QProgressBar {
     double phase_ = 0.3;
 };
 
-} // namespace platform
+} // namespace updates

@@ -1,13 +1,16 @@
-#include "platform/updates/dialogs/update_windows.hpp"
+#include "updates/dialogs/update_windows.hpp"
 
-#include "platform/updates/session/update_session.hpp"
+#include "updates/session/update_session.hpp"
 
 #include <QApplication>
 
-namespace platform {
+#include <utility>
 
-UpdateWindows::UpdateWindows(UpdateSession& session, Workspace& workspace)
-    : session_(session), workspace_(workspace) {
+namespace updates {
+
+UpdateWindows::UpdateWindows(UpdateSession& session, DialogStyle style,
+                             platform::Workspace& workspace)
+    : session_(session), style_(std::move(style)), workspace_(workspace) {
     connect(&session, &UpdateSession::sceneChanged, this, &UpdateWindows::show);
     connect(&session, &UpdateSession::attentionWanted, this, &UpdateWindows::comeForward);
 }
@@ -18,7 +21,8 @@ UpdateWindows::~UpdateWindows() {
 
 DialogContext UpdateWindows::context() {
     UpdateSession* const session = &session_;
-    return {.product = session->configuration().identity.product,
+    return {.style = style_,
+            .product = session->configuration().identity.product,
             .website = session->configuration().identity.website,
             .workspace = &workspace_,
             .checksByItself = session->checksByItself(),
@@ -67,4 +71,4 @@ void UpdateWindows::comeForward() {
     }
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/updates/dialogs/update_dialog.hpp"
+#include "updates/dialogs/update_dialog.hpp"
 
 #include <QObject>
 #include <QPointer>
 
-namespace platform {
+namespace updates {
 
 class UpdateSession;
 
@@ -15,8 +15,8 @@ class UpdateWindows final : public QObject {
     Q_OBJECT
 
   public:
-    /// Both outlive it.
-    UpdateWindows(UpdateSession& session, Workspace& workspace);
+    /// Session and workspace outlive it.
+    UpdateWindows(UpdateSession& session, DialogStyle style, platform::Workspace& workspace);
     ~UpdateWindows() override;
 
     [[nodiscard]] UpdateDialog* dialog() const { return dialog_; } ///< null: nothing is shown
@@ -27,8 +27,9 @@ class UpdateWindows final : public QObject {
     [[nodiscard]] DialogContext context();
 
     UpdateSession& session_;
-    Workspace& workspace_;
+    const DialogStyle style_;
+    platform::Workspace& workspace_;
     QPointer<UpdateDialog> dialog_;
 };
 
-} // namespace platform
+} // namespace updates

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace platform {
+namespace updates {
 
 /// The archive that an item of an appcast offers, as the feed words it: nothing of it is checked
 /// yet.
@@ -15,6 +15,8 @@ struct AppcastEnclosure {
     std::string type;         ///< media type
     std::string edSignature;  ///< Ed25519 over the archive's bytes, in base64
     std::string os;           ///< "linux" or "linux-x86_64"; empty: any
+
+    bool operator==(const AppcastEnclosure&) const = default;
 };
 
 /// One version that an appcast offers. Texts are UTF-8 without white space at their ends, and
@@ -34,10 +36,12 @@ struct AppcastItem {
     std::string description; ///< HTML as the publisher wrote it: not safe to show as it is
     AppcastEnclosure enclosure;
 
+    bool operator==(const AppcastItem&) const = default;
+
     /// What people call the version.
     [[nodiscard]] const std::string& displayVersion() const {
         return shortVersionString.empty() ? version : shortVersionString;
     }
 };
 
-} // namespace platform
+} // namespace updates

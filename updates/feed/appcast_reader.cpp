@@ -1,6 +1,6 @@
-#include "platform/updates/feed/appcast_reader.hpp"
+#include "updates/feed/appcast_reader.hpp"
 
-#include "platform/updates/feed/version_order.hpp"
+#include "updates/feed/version_order.hpp"
 
 #include <expat.h>
 
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <type_traits>
 
-namespace platform {
+namespace updates {
 namespace {
 
 // An item is kept once for each of its enclosures, with all its texts.
@@ -109,6 +109,9 @@ class Reader {
             return;
         }
         ++depth_;
+        for (auto next = attributes; depth_ < itemDepth && *next != nullptr; next += 2) {
+            appcast_.declaresPrefix |= std::string_view(*next) == "xmlns:sparkle";
+        }
         if (depth_ > deepestFeed) {
             stop(FeedFault::tooDeep);
         } else if (depth_ == 1 && name != "rss") {
@@ -119,6 +122,9 @@ class Reader {
         } else if (depth_ == itemDepth) {
             isInItem_ = isInChannel_ && name == "item";
             draft_ = {};
+            if (isInItem_) {
+                noteFirstByte();
+            }
         } else if (depth_ == fieldDepth && isInItem_) {
             startField(name, attributes);
         } else if (depth_ == fieldDepth + 1 && isInTags_ && name == "sparkle:criticalUpdate") {
@@ -140,6 +146,9 @@ class Reader {
             endField();
         } else if (depth_ == itemDepth && isInItem_) {
             endItem();
+        } else if (depth_ == itemDepth - 1 && isInChannel_ &&
+                   XML_GetCurrentByteCount(parser_) > 0) {
+            noteFirstByte(); // of an end tag; a channel that is a single tag has none
         }
         --depth_;
     }
@@ -166,6 +175,12 @@ class Reader {
     }
 
   private:
+    void noteFirstByte() {
+        if (!appcast_.firstByte) {
+            appcast_.firstByte = static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_));
+        }
+    }
+
     void stop(FeedFault fault) {
         fault_ = fault;
         XML_StopParser(parser_, XML_FALSE);
@@ -271,4 +286,4 @@ std::variant<Appcast, FeedFault> readAppcast(std::span<const std::byte> document
     return reader.finish(status == XML_STATUS_OK);
 }
 
-} // namespace platform
+} // namespace updates

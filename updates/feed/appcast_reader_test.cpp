@@ -1,8 +1,8 @@
-#include "platform/updates/feed/appcast_reader.hpp"
+#include "updates/feed/appcast_reader.hpp"
 
 #include <gmock/gmock.h>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using testing::ElementsAre;
@@ -208,4 +208,4 @@ TEST(AppcastReader, UnderstandsOtherEncodings) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace updates

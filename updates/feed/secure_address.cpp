@@ -1,8 +1,8 @@
-#include "platform/updates/feed/secure_address.hpp"
+#include "updates/feed/secure_address.hpp"
 
 #include <algorithm>
 
-namespace platform {
+namespace updates {
 
 bool isSecureAddress(std::string_view address) {
     constexpr std::string_view scheme = "https://";
@@ -22,4 +22,4 @@ bool isSecureAddress(std::string_view address) {
            authority.find('@') == std::string_view::npos;
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,10 +1,10 @@
-#include "platform/updates/feed/signature.hpp"
+#include "updates/feed/signature.hpp"
 
 #include <sodium.h>
 
 #include <array>
 
-namespace platform {
+namespace updates {
 namespace {
 
 /// Exactly that many bytes from base64 with padding; nothing for anything else.
@@ -56,4 +56,4 @@ std::optional<SignatureFault> verifySignature(std::span<const std::byte> bytes,
     return std::nullopt;
 }
 
-} // namespace platform
+} // namespace updates

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-namespace platform {
+namespace updates {
 
 /// Why a signature does not vouch for bytes.
 enum class SignatureFault {
@@ -27,4 +27,4 @@ enum class SignatureFault {
 /// Whether a text is a public key.
 [[nodiscard]] bool isPublicKey(std::string_view base64PublicKey);
 
-} // namespace platform
+} // namespace updates

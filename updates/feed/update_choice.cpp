@@ -1,13 +1,13 @@
-#include "platform/updates/feed/update_choice.hpp"
+#include "updates/feed/update_choice.hpp"
 
-#include "platform/updates/feed/publication_date.hpp"
-#include "platform/updates/feed/secure_address.hpp"
-#include "platform/updates/feed/signature.hpp"
-#include "platform/updates/feed/version_order.hpp"
+#include "updates/feed/publication_date.hpp"
+#include "updates/feed/secure_address.hpp"
+#include "updates/feed/signature.hpp"
+#include "updates/feed/version_order.hpp"
 
 #include <algorithm>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using Why = NothingSuitable::Why;
@@ -17,10 +17,10 @@ int systemMatch(const std::string& os, const UpdateHost& host) {
     if (os.empty()) {
         return 0;
     }
-    if (os == host.os) {
-        return 1;
+    if (os == host.platform) {
+        return 2;
     }
-    return !host.architecture.empty() && os == host.os + '-' + host.architecture ? 2 : -1;
+    return host.platform.starts_with(os + '-') ? 1 : -1;
 }
 
 bool isForHost(const AppcastItem& item, const UpdateHost& host) {
@@ -73,9 +73,9 @@ std::optional<Why> obstacle(const AppcastItem& item, const UpdateHost& host, Ask
         return Why::needsNewerSystem;
     }
     if (asking == Asking::schedule) {
-        // Who does not want a version wants none before it, either.
-        if (!host.skippedVersion.empty() &&
-            std::is_lteq(compareVersions(item.version, host.skippedVersion))) {
+        // Exactly this one: a skipped item that lied about its version silences no other.
+        if (!isCriticalFor(item, host) && item.version == host.skippedVersion &&
+            enclosure.edSignature == host.skippedSignature) {
             return Why::skipped;
         }
         if (!hasCome(item, host)) {
@@ -133,4 +133,4 @@ chooseUpdate(const Appcast& appcast, const UpdateHost& host, Asking asking) {
     return UpToDate{};
 }
 
-} // namespace platform
+} // namespace updates

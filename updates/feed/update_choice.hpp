@@ -1,21 +1,23 @@
 #pragma once
 
-#include "platform/updates/feed/appcast_reader.hpp"
+#include "platform/system/process.hpp"
+#include "updates/feed/appcast_reader.hpp"
 
 #include <string_view>
 
-namespace platform {
+namespace updates {
 
 /// The installation that an update is looked for, and the machine it is on.
 struct UpdateHost {
     std::string installedVersion;
     std::string highestInstalledVersion; ///< ever installed here; empty: none but the present one
-    std::string skippedVersion;          ///< the one the user does not want; empty: none
+    std::string skippedVersion;          ///< of the item the user does not want; empty: none
+    std::string skippedSignature;        ///< of its archive: no other item is skipped
     std::string systemVersion;           ///< numbers with points; what follows them does not count
-    std::string os = "linux";
-    std::string architecture;          ///< as in "linux-x86_64"; empty: unknown
+    std::string platform{platform::thisPlatform()};
     std::vector<std::string> channels; ///< beside the one for everybody
     unsigned phaseGroup = 0;           ///< 0 to 6, drawn once for an installation
+    std::uint64_t feedSerial = 0;      ///< the highest of a feed that was seen; 0: none
     std::chrono::system_clock::time_point now;
 };
 
@@ -23,9 +25,8 @@ struct UpdateHost {
 enum class Asking { user, schedule };
 
 inline constexpr unsigned phaseGroups = 7;
-/// No archive may be longer, in bytes: the feed alone, which nobody signed, must not fill a
-/// machine.
-inline constexpr std::uint64_t largestArchive = std::uint64_t{1} << 30;
+/// No archive may be longer, in bytes: it is held in memory until it is verified.
+inline constexpr std::uint64_t largestArchive = std::uint64_t{256} << 20;
 
 /// Nothing in the feed is newer than what is installed.
 struct UpToDate {};
@@ -53,4 +54,4 @@ struct NothingSuitable {
 [[nodiscard]] std::variant<AppcastItem, UpToDate, NothingSuitable>
 chooseUpdate(const Appcast& appcast, const UpdateHost& host, Asking asking);
 
-} // namespace platform
+} // namespace updates

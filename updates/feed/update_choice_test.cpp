@@ -1,12 +1,12 @@
-#include "platform/updates/feed/update_choice.hpp"
+#include "updates/feed/update_choice.hpp"
 
-#include "platform/updates/feed/publication_date.hpp"
+#include "updates/feed/publication_date.hpp"
 
 #include <gmock/gmock.h>
 
 #include <functional>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using Why = NothingSuitable::Why;
@@ -28,14 +28,14 @@ UpdateHost host() {
     made.installedVersion = "1.0";
     made.highestInstalledVersion = "1.0";
     made.systemVersion = "12.5-amd64";
-    made.architecture = "x86_64";
+    made.platform = "linux-x86_64";
     made.now = published;
     return made;
 }
 
 /// The chosen version's address and whether it is critical, or why there is none.
 std::string outcome(const std::vector<AppcastItem>& items, const UpdateHost& where, Asking asking) {
-    const auto choice = chooseUpdate({items, 0}, where, asking);
+    const auto choice = chooseUpdate({.items = items}, where, asking);
     if (const auto* const chosen = std::get_if<AppcastItem>(&choice)) {
         return chosen->enclosure.url.substr(chosen->enclosure.url.rfind('/') + 1) +
                (chosen->isCritical ? "!" : "");
@@ -114,18 +114,33 @@ TEST(UpdateChoice, PrefersTheArchiveThatNamesTheSystemMostExactly) {
     EXPECT_EQ(outcome({any, exact, system}, host(), Asking::user), "exact");
     EXPECT_EQ(outcome({any, system}, host(), Asking::user), "2");
     EXPECT_EQ(outcome({any}, host(), Asking::user), "any");
-    UpdateHost unknown = host();
-    unknown.architecture.clear();
-    EXPECT_EQ(outcome({exact, any}, unknown, Asking::user), "any");
+    UpdateHost other = host();
+    for (const char* const platform : {"linux-x86_64v3", "linux-aarch64", "linux"}) {
+        other.platform = platform;
+        EXPECT_EQ(outcome({exact, any}, other, Asking::user), "any") << platform;
+    }
+    // As archives made there say it.
+    exact.enclosure.os = "linux-aarch64";
+    other.platform = "linux-aarch64";
+    EXPECT_EQ(outcome({exact, any}, other, Asking::user), "exact");
 }
 
-TEST(UpdateChoice, RespectsASkippedVersionUntilTheUserAsks) {
+TEST(UpdateChoice, SkipsExactlyOneItemUntilTheUserAsks) {
+    const AppcastItem skipped = item("1.5");
     UpdateHost skipping = host();
-    skipping.skippedVersion = "1.5";
-    const std::vector<AppcastItem> items{item("1.4"), item("1.5.0")};
-    EXPECT_EQ(outcome(items, skipping, Asking::schedule), "skipped 1.5.0");
-    EXPECT_EQ(outcome(items, skipping, Asking::user), "1.5.0");
-    EXPECT_EQ(outcome({items[0], items[1], item("1.6")}, skipping, Asking::schedule), "1.6");
+    skipping.skippedVersion = skipped.version;
+    skipping.skippedSignature = skipped.enclosure.edSignature;
+    EXPECT_EQ(outcome({skipped}, skipping, Asking::schedule), "skipped 1.5");
+    EXPECT_EQ(outcome({skipped}, skipping, Asking::user), "1.5");
+    // Another version, even an older one, another archive of this version, and what is critical.
+    EXPECT_EQ(outcome({skipped, item("1.4")}, skipping, Asking::schedule), "1.4");
+    EXPECT_EQ(outcome({skipped, item("1.6")}, skipping, Asking::schedule), "1.6");
+    AppcastItem other = skipped;
+    other.enclosure.edSignature[0] = 'B';
+    EXPECT_EQ(outcome({other}, skipping, Asking::schedule), "1.5");
+    AppcastItem critical = skipped;
+    critical.isCritical = true;
+    EXPECT_EQ(outcome({critical}, skipping, Asking::schedule), "1.5!");
 }
 
 TEST(UpdateChoice, ComesToOneGroupAfterTheOther) {
@@ -162,4 +177,4 @@ TEST(UpdateChoice, SaysWhetherItIsCriticalHere) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace updates

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
+#include <string>
 
-namespace platform {
+namespace updates {
 
 /// Everything that can come between a person and an update. Each has a message of its own.
 enum class UpdateProblem {
@@ -22,6 +22,10 @@ enum class UpdateProblem {
     connectionLost,
 
     // In the feed.
+    noKey,          ///< this build cannot tell the maker's feed from another one
+    feedNotSigned,  ///< nobody vouches for it, or somebody else than the maker
+    feedSuperseded, ///< a newer one was seen before
+    feedExpired,    ///< the maker has not renewed it, or a newer one is held back
     feedTooLarge,
     feedUnreadable,
     feedForbidden, ///< well-formed, but with something in it that no feed needs
@@ -51,11 +55,19 @@ enum class UpdateProblem {
     relaunchFailed, ///< the update is installed, but did not start
 };
 
-struct UpdateFailure {
-    UpdateProblem problem;
-    QString detail; ///< as the problem says; else empty
+/// For reading one from a number.
+inline constexpr UpdateProblem lastUpdateProblem = UpdateProblem::relaunchFailed;
 
-    bool operator==(const UpdateFailure&) const = default;
+/// Why something was refused: the problem, and one line in English for a report, which may be
+/// empty.
+struct Refusal {
+    UpdateProblem problem = UpdateProblem::inputOutput;
+    std::string detail;
+
+    bool operator==(const Refusal&) const = default;
 };
 
-} // namespace platform
+/// A refusal for an error of the system, an errno. Any thread.
+[[nodiscard]] Refusal systemRefusal(int error, const std::string& doing);
+
+} // namespace updates

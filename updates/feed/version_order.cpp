@@ -1,8 +1,8 @@
-#include "platform/updates/feed/version_order.hpp"
+#include "updates/feed/version_order.hpp"
 
 #include <algorithm>
 
-namespace platform {
+namespace updates {
 namespace {
 
 bool isDigit(char c) {
@@ -110,4 +110,4 @@ bool isVersion(std::string_view text) {
            });
 }
 
-} // namespace platform
+} // namespace updates

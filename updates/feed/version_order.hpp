@@ -3,7 +3,7 @@
 #include <compare>
 #include <string_view>
 
-namespace platform {
+namespace updates {
 
 /// The order of versions. The numbers between points are compared one by one, whatever their
 /// length, and absent ones count 0: 1.9 < 1.10, 1.2 = 1.2.0. What begins with a letter or a hyphen
@@ -17,4 +17,4 @@ namespace platform {
 /// has up to 64 letters, digits and the signs . - _ +, with no two points in a row.
 [[nodiscard]] bool isVersion(std::string_view text);
 
-} // namespace platform
+} // namespace updates

@@ -1,11 +1,11 @@
-#include "platform/updates/feed/version_order.hpp"
+#include "updates/feed/version_order.hpp"
 
 #include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace updates {
 namespace {
 
 // Each row is one version in different words; rows rise.
@@ -67,4 +67,4 @@ TEST(VersionOrder, KnowsWhatCanBeAVersion) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace updates

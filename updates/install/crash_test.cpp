@@ -1,7 +1,7 @@
 // What is left when the helper, the launcher or a starting program is killed at any of its calls
 // that change a file, or when such a call fails; and whether what was renamed was on the disk
 // before. The system call tracer `strace` lists the calls and makes them fail.
-#include "platform/updates/install/install_testing.hpp"
+#include "updates/testing/install_testing.hpp"
 
 #include <gmock/gmock.h>
 
@@ -11,7 +11,7 @@
 #include <regex>
 #include <set>
 
-namespace platform::testing {
+namespace updates::testing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -147,8 +147,8 @@ TEST_P(Crash, LeavesAWholeVersionWhereverItStrikes) {
             const std::string current = copy.current();
             if (const auto refused = faultOf(said)) {
                 ++refusals;
-                EXPECT_EQ(*refused,
-                          fault == "error=EROFS" ? InstallFault::readOnly : InstallFault::noSpace);
+                EXPECT_EQ(*refused, fault == "error=EROFS" ? UpdateProblem::readOnly
+                                                           : UpdateProblem::noSpace);
                 EXPECT_EQ(current, "versions/" + scenario.before);
                 if (!isRemoval(call.name)) { // or it is what could not be removed
                     EXPECT_FALSE(fs::exists(copy.root() / "staging"));
@@ -168,6 +168,10 @@ const Scenario scenarios[] = {
     {"installOverLeftovers",
      [](const InstalledCopy& copy) {
          // An update that was cut off just before its version became the current one.
+         fs::create_directory(copy.root() / "state");
+         for (const char* const lock : {"state/update.lock", "state/record.lock"}) {
+             std::ofstream(copy.root() / lock) << "";
+         }
          fs::create_directories(copy.root() / "staging/tree/share");
          fs::create_directories(copy.root() / "versions/1.1.0/bin");
          std::ofstream(copy.root() / "versions/1.1.0/bin/larkvox") << "half of";
@@ -282,4 +286,4 @@ TEST(PowerLoss, FindsEverythingOnTheDiskThatARenameMakesVisible) {
 }
 
 } // namespace
-} // namespace platform::testing
+} // namespace updates::testing

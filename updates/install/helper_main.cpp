@@ -1,8 +1,9 @@
 // The install helper: verifies, unpacks and installs one update for a program that runs on. Its
 // command line and what it says are in install_protocol.hpp.
+#include "platform/system/process.hpp"
 #include "platform/system/sealed_file.hpp"
-#include "platform/updates/install/installer.hpp"
-#include "platform/updates/install/update_key.hpp"
+#include "updates/install/installer.hpp"
+#include "updates/install/update_key.hpp"
 
 #include <poll.h>
 #include <unistd.h>
@@ -15,19 +16,22 @@
 
 namespace {
 
-using namespace platform;
+using namespace updates;
+
+/// What the program wants.
+enum class Wish { install, cancel };
 
 /// The lines that the program sends. Its end counts as "cancel", and so does what is not
 /// understood.
 class Commands {
   public:
-    /// The next command; without waiting: nothing when none is there yet.
-    std::optional<InstallCommand> next(bool isWaiting) {
+    /// The next one; without waiting: nothing when none is there yet.
+    std::optional<Wish> next(bool isWaiting) {
         while (true) {
             if (const auto end = text_.find('\n'); end != std::string::npos) {
-                const auto command = readInstallCommand(text_.substr(0, end));
+                const bool isInstall = text_.substr(0, end) == installCommand;
                 text_.erase(0, end + 1);
-                return command.value_or(InstallCommand::cancel);
+                return isInstall ? Wish::install : Wish::cancel;
             }
             pollfd input{STDIN_FILENO, POLLIN, 0};
             const int ready = poll(&input, 1, isWaiting ? -1 : 0);
@@ -40,7 +44,7 @@ class Commands {
                 continue;
             }
             if (count <= 0 || text_.size() > sizeof bytes) {
-                return InstallCommand::cancel;
+                return Wish::cancel;
             }
             text_.append(bytes, static_cast<std::size_t>(count));
         }
@@ -56,7 +60,7 @@ bool say(const InstallMessage& message) {
     return std::fputs(line.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
 }
 
-int refuse(const InstallRefused& refusal) {
+int refuse(const Refusal& refusal) {
     say(refusal);
     return 1;
 }
@@ -68,7 +72,7 @@ class Progress {
 
     bool operator()(std::uint64_t done) {
         if (const auto command = commands_.next(false)) {
-            isInstalling_ = *command == InstallCommand::install;
+            isInstalling_ = *command == Wish::install;
             if (!isInstalling_) {
                 return false;
             }
@@ -93,16 +97,16 @@ class Progress {
 
 int run(const InstallRequest& request) {
     std::error_code error;
-    SealedFile archive = SealedFile::adopt(request.archive, error);
+    platform::SealedFile archive = platform::SealedFile::adopt(request.archive, error);
     const auto bytes = error ? std::span<const std::byte>() : archive.map(error);
     if (error) {
-        return refuse({InstallFault::archiveUnreadable, "not a sealed file: " + error.message()});
+        return refuse({UpdateProblem::archiveDamaged, "not a sealed file: " + error.message()});
     }
     Commands commands;
     Progress progress(commands, bytes.size());
-    Installer installer(
-        {updatePublicKey, LARKVOX_PRODUCT, LARKVOX_IDENTIFIER, std::string(thisPlatform())},
-        request);
+    Installer installer({updatePublicKey, PRODUCT, PRODUCT_NAME, PRODUCT_IDENTIFIER,
+                         std::string(platform::thisPlatform())},
+                        request);
     if (!say(InstallVerifying{})) {
         return 0;
     }
@@ -110,7 +114,7 @@ int run(const InstallRequest& request) {
         return installer.wasCancelled() ? 0 : refuse(*refusal);
     }
     if (!say(InstallReady{}) ||
-        (!progress.isInstalling() && commands.next(true) != InstallCommand::install)) {
+        (!progress.isInstalling() && commands.next(true) != Wish::install)) {
         return 0;
     }
     if (const auto refusal = installer.install()) {
@@ -127,7 +131,7 @@ int main(int argc, char** argv) {
     const auto request = readInstallArguments(
         std::span<const char* const>(argv, static_cast<std::size_t>(argc)).subspan(1));
     if (!request) {
-        std::fputs("larkvox-install is run by Larkvox when it updates itself.\n", stderr);
+        std::fputs(PRODUCT_NAME "-install is run by " PRODUCT " when it updates itself.\n", stderr);
         return 2;
     }
     return run(*request);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "updates/feed/update_problem.hpp"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -9,36 +11,11 @@
 #include <variant>
 #include <vector>
 
-// What a program and its install helper say to each other: the helper's command line, the lines it
-// writes to its standard output, and those it reads from its standard input.
+// What a program and its install helper say to each other: the helper's command line, the lines of
+// JSON that it writes to its standard output, and the words that it reads from its standard input.
+// Both are of the same build. Any thread.
 
-namespace platform {
-
-/// Why an update was not installed. The installed version is untouched, and nothing is kept.
-enum class InstallFault {
-    signatureMissing,
-    signatureMalformed,
-    signatureWrong,    ///< not by the maker's key, or of other bytes
-    lengthDiffers,     ///< not as long as the feed says
-    archiveUnreadable, ///< no archive, or a damaged one
-    archiveUnsafe,     ///< it holds what an update never holds
-    archiveTooLarge,   ///< it unpacks to more than an update ever does
-    otherProduct,
-    otherPlatform,
-    otherVersion,     ///< not the version that the feed says
-    notNewer,         ///< than the installed version, or than one that was installed once
-    alreadyInstalled, ///< another copy has installed it meanwhile; a new start will use it
-    busy,             ///< another copy is updating
-    noSpace,
-    noPermission,
-    readOnly, ///< the file system
-    inputOutput,
-    cannotUpdate ///< this build has no key to verify with, or it is no installation that updates
-                 ///< itself
-};
-
-[[nodiscard]] std::string_view wireName(InstallFault fault);
-[[nodiscard]] std::optional<InstallFault> installFaultNamed(std::string_view wireName);
+namespace updates {
 
 /// What the helper is started with.
 struct InstallRequest {
@@ -52,15 +29,17 @@ struct InstallRequest {
     bool operator==(const InstallRequest&) const = default;
 };
 
-/// The arguments without the program's name.
+/// The arguments in this order, without the program's name.
 [[nodiscard]] std::vector<std::string> installArguments(const InstallRequest& request);
-/// Nothing unless every argument is there once and makes sense; an empty signature does.
+/// Nothing unless every argument is there and makes sense; an empty signature does.
 [[nodiscard]] std::optional<InstallRequest>
 readInstallArguments(std::span<const char* const> arguments);
 
+/// It has begun with the signature.
 struct InstallVerifying {
     bool operator==(const InstallVerifying&) const = default;
 };
+/// It is unpacking.
 struct InstallProgress {
     std::uint64_t done = 0; ///< bytes of the archive that are unpacked
     std::uint64_t total = 0;
@@ -75,25 +54,20 @@ struct InstallDone {
     std::string version;
     bool operator==(const InstallDone&) const = default;
 };
-struct InstallRefused {
-    InstallFault fault = InstallFault::inputOutput;
-    std::string detail; ///< one line in English for a report, may be empty
-    bool operator==(const InstallRefused&) const = default;
-};
 
-/// A line of the helper. `InstallDone` and `InstallRefused` are its last ones; one that was
-/// cancelled ends without either, with exit code 0.
+/// A line of the helper. `InstallDone` and `Refusal` are its last ones; after a refusal the
+/// installed version is untouched, and nothing is kept. One that was cancelled ends without either,
+/// with exit code 0.
 using InstallMessage =
-    std::variant<InstallVerifying, InstallProgress, InstallReady, InstallDone, InstallRefused>;
+    std::variant<InstallVerifying, InstallProgress, InstallReady, InstallDone, Refusal>;
 
 /// Without the end of the line.
 [[nodiscard]] std::string installLine(const InstallMessage& message);
-[[nodiscard]] std::optional<InstallMessage> readInstallLine(std::string_view line);
+/// Nothing for what is no message. Never throws.
+[[nodiscard]] std::optional<InstallMessage> readInstallLine(std::string_view line) noexcept;
 
-/// A line to the helper. The end of its input means `cancel`, at any time.
-enum class InstallCommand { install, cancel };
+/// The line to the helper that lets it install. Every other one means that it is to give up, and so
+/// does the end of its input, at any time.
+inline constexpr std::string_view installCommand = "install";
 
-[[nodiscard]] std::string_view installLine(InstallCommand command);
-[[nodiscard]] std::optional<InstallCommand> readInstallCommand(std::string_view line);
-
-} // namespace platform
+} // namespace updates

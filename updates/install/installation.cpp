@@ -1,8 +1,8 @@
-#include "platform/updates/install/installation.hpp"
+#include "updates/install/installation.hpp"
 
-#include "platform/updates/archive/archive_manifest.hpp"
-#include "platform/updates/feed/version_order.hpp"
-#include "platform/updates/install/installation_record.hpp"
+#include "updates/archive/archive_manifest.hpp"
+#include "updates/feed/version_order.hpp"
+#include "updates/install/installation_record.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,7 +18,7 @@
 #include <iterator>
 #include <vector>
 
-namespace platform {
+namespace updates {
 namespace {
 
 namespace fs = std::filesystem;
@@ -31,20 +31,20 @@ std::string contentOf(const fs::path& path) {
 struct Place {
     fs::path root;
     std::string version;
+    std::string name;
 };
 
-/// The installation that a program lies in, ROOT/versions/VERSION/bin/PROGRAM, judging by its
-/// shape.
+/// The installation that a program lies in, ROOT/versions/VERSION/bin/NAME, judging by its shape.
 Place placeOf(const fs::path& executable) {
     std::error_code error;
     const fs::path program = fs::canonical(executable, error);
     const fs::path folder = program.parent_path().parent_path();
     const fs::path versions = folder.parent_path();
-    Place place{versions.parent_path(), folder.filename().string()};
+    Place place{versions.parent_path(), folder.filename(), program.filename()};
     const auto manifest = readArchiveManifest(contentOf(folder / "manifest.json"));
     if (error || versions.filename() != versionsName || !isVersion(place.version) || !manifest ||
-        manifest->version != place.version ||
-        !fs::is_regular_file(place.root / launcherName, error) ||
+        manifest->version != place.version || manifest->name != place.name ||
+        !fs::is_regular_file(place.root / place.name, error) ||
         !fs::is_symlink(place.root / currentName, error)) {
         return {};
     }
@@ -85,41 +85,36 @@ std::string flatpakName(const fs::path& information) {
     return {};
 }
 
-bool canWrite(const fs::path& folder) {
-    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+bool can(int what, const fs::path& file) {
+    return faccessat(AT_FDCWD, file.c_str(), what, AT_EACCESS) == 0;
 }
 
 bool canUpdate(const fs::path& root) {
+    constexpr int change = W_OK | X_OK;
     std::error_code error;
     const fs::path state = root / stateName;
-    return canWrite(root) && canWrite(root / versionsName) &&
-           (!fs::exists(state, error) || canWrite(state));
-}
-
-bool isRunning(const fs::path& version) {
-    const Descriptor folder = openFolder(version);
-    return folder && lockFolder(folder.get(), Sharing::exclusive) != 0;
+    const fs::path lock = state / updateLockName;
+    return can(change, root) && can(change, root / versionsName) &&
+           (!fs::exists(state, error) || can(change, state)) &&
+           (!fs::exists(lock, error) || can(R_OK | W_OK, lock));
 }
 
 /// Removes the versions that are neither current nor kept nor running.
-void removeOldVersions(const fs::path& root, const std::string& current, const std::string& kept) {
-    std::error_code error;
-    std::vector<fs::path> old;
-    for (const auto& entry : fs::directory_iterator(root / versionsName, error)) {
-        const std::string name = entry.path().filename().string();
-        if (name != current && name != kept) {
-            old.push_back(entry.path());
-        }
-    }
-    for (const fs::path& version : old) {
-        if (!isRunning(version)) {
-            fs::remove_all(version, error);
+void removeOldVersions(int root, const std::string& current, const std::string& kept) {
+    const platform::Descriptor versions = platform::openFolder(root, versionsName);
+    for (const std::string& name : platform::namesIn(versions.get())) {
+        const auto folder = name == current || name == kept
+                                ? platform::Descriptor()
+                                : platform::openFolder(versions.get(), name);
+        if (folder && platform::lock(folder.get(), platform::Sharing::exclusive) == 0) {
+            // What stays is removed the next time.
+            [[maybe_unused]] const int error = platform::removeTree(versions.get(), name);
         }
     }
 }
 
 /// The descriptor in which the launcher handed over its lock on `folder`; none without a launcher.
-Descriptor inheritedLock(const Descriptor& folder) {
+platform::Descriptor inheritedLock(const platform::Descriptor& folder) {
     // The program has no other threads yet.
     const char* const text = std::getenv(lockVariable); // NOLINT(concurrency-mt-unsafe)
     if (text == nullptr) {
@@ -135,7 +130,7 @@ Descriptor inheritedLock(const Descriptor& folder) {
                       fcntl(number, F_SETFD, FD_CLOEXEC) == 0;
     // It is not for the programs that this one starts.
     unsetenv(lockVariable); // NOLINT(concurrency-mt-unsafe)
-    return isIt ? Descriptor(number) : Descriptor();
+    return isIt ? platform::Descriptor(number) : platform::Descriptor();
 }
 
 } // namespace
@@ -149,6 +144,10 @@ Installation examineInstallation(const fs::path& executable, const SystemPlaces&
         return found;
     }
     const fs::path program = fs::canonical(executable, error);
+    if (error) {
+        found.management = Management::gone;
+        return found;
+    }
     found.packageName = packageOwning(program, places.dpkgInformation);
     if (!found.packageName.empty()) {
         found.management = Management::dpkg;
@@ -157,13 +156,14 @@ Installation examineInstallation(const fs::path& executable, const SystemPlaces&
     const Place place = placeOf(program);
     if (place.root.empty()) {
         found.management =
-            canWrite(program.parent_path()) ? Management::nobody : Management::readOnly;
+            can(W_OK | X_OK, program.parent_path()) ? Management::nobody : Management::readOnly;
         return found;
     }
     found.root = place.root;
+    found.name = place.name;
     found.runningVersion = place.version;
     found.management = canUpdate(place.root) ? Management::itself : Management::readOnly;
-    if (const Descriptor root = openFolder(place.root)) {
+    if (const platform::Descriptor root = platform::openFolder(place.root)) {
         const std::string current = currentVersion(root.get());
         const InstallationRecord record = readRecord(root.get(), current);
         found.failedVersion = record.failed;
@@ -178,24 +178,24 @@ Installation examineInstallation(const fs::path& executable, const SystemPlaces&
 }
 
 fs::path launcher(const Installation& installation) {
-    return installation.root.empty() ? fs::path() : installation.root / launcherName;
+    return installation.root.empty() ? fs::path() : installation.root / installation.name;
 }
 
 fs::path installHelper(const Installation& installation) {
     if (installation.root.empty()) {
         return {};
     }
-    const fs::path helper =
-        installation.root / versionsName / installation.runningVersion / helperPath;
-    return access(helper.c_str(), X_OK) == 0 ? helper : fs::path();
+    const fs::path helper = installation.root / versionsName / installation.runningVersion /
+                            helperPath(installation.name);
+    return can(X_OK, helper) ? helper : fs::path();
 }
 
 bool confirmStart(const Installation& installation) {
-    const Descriptor root = openFolder(installation.root);
+    const platform::Descriptor root = platform::openFolder(installation.root);
     if (!root || !readRecord(root.get(), currentVersion(root.get())).trial) {
         return true;
     }
-    const RecordLock lock(root.get(), RecordLock::Folder::mustExist);
+    const RecordLock lock(root.get());
     const std::string current = currentVersion(root.get());
     InstallationRecord record = readRecord(root.get(), current);
     if (!lock.holds()) {
@@ -213,41 +213,41 @@ bool confirmStart(const Installation& installation) {
 }
 
 void removeLeftovers(const Installation& installation) {
-    const Descriptor root = openFolder(installation.root);
-    if (installation.management != Management::itself || !root ||
-        lockFolder(root.get(), Sharing::exclusive) != 0) {
+    const platform::Descriptor root = platform::openFolder(installation.root);
+    const auto state = root ? platform::openFolder(root.get(), stateName) : platform::Descriptor();
+    // Without what is remembered nothing was ever updated.
+    const auto lock =
+        state ? platform::openLockFile(state.get(), updateLockName) : platform::Descriptor();
+    if (installation.management != Management::itself || !lock ||
+        platform::lock(lock.get(), platform::Sharing::exclusive) != 0) {
         return;
     }
-    std::error_code error;
-    fs::remove_all(installation.root / stagingName, error);
     std::string current;
     std::string kept;
     {
-        const RecordLock lock(root.get(), RecordLock::Folder::mustExist);
+        const RecordLock recordLock(root.get());
         current = currentVersion(root.get());
-        const bool isCertain = lock.holds() || lock.error() == ENOENT; // nothing was ever noted
-        if (!isCertain || current.empty()) {
+        if (!recordLock.holds() || current.empty()) {
             return;
         }
-        for (const char* const unfinished : {"record.new", "current.new"}) {
-            fs::remove(installation.root / stateName / unfinished, error);
-        }
+        removeUnfinished(root.get());
         kept = readRecord(root.get(), current).kept();
     }
     // Whatever others do now, they never choose a version that is neither of the two.
-    removeOldVersions(installation.root, current, kept);
+    removeOldVersions(root.get(), current, kept);
 }
 
 RunningCopy::RunningCopy(const fs::path& executable) {
     const Place place = placeOf(executable);
-    Descriptor folder =
-        place.root.empty() ? Descriptor() : openFolder(place.root / versionsName / place.version);
+    platform::Descriptor folder =
+        place.root.empty() ? platform::Descriptor()
+                           : platform::openFolder(place.root / versionsName / place.version);
     if (!folder) {
         return;
     }
     // Only for a moment it may be that somebody looks whether it is running.
-    const Descriptor handedOver = inheritedLock(folder);
-    if (lockFolder(folder.get(), Sharing::shared, 20) == 0) {
+    const platform::Descriptor handedOver = inheritedLock(folder);
+    if (platform::lock(folder.get(), platform::Sharing::shared, 20) == 0) {
         lock_ = folder.release();
     }
 }
@@ -258,4 +258,4 @@ RunningCopy::~RunningCopy() {
     }
 }
 
-} // namespace platform
+} // namespace updates

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-namespace platform {
+namespace updates {
 
 /// Who looks after the files of the running program, and so who can update them.
 enum class Management {
@@ -11,13 +11,16 @@ enum class Management {
     dpkg,   ///< the system's package manager
     flatpak,
     readOnly, ///< somebody else: nothing can be written there
+    gone,     ///< nobody: what the program was started from is not there any more
     nobody    ///< nobody knows, for example a folder in which it was built
 };
 
+/// How an installation stands.
 struct Installation {
     Management management = Management::nobody;
     std::filesystem::path
-        root; ///< the folder of launcher and versions; empty unless it has that shape
+        root;         ///< the folder of launcher and versions; empty unless it has that shape
+    std::string name; ///< of launcher and program in there; empty like `root`
     std::string
         runningVersion; ///< of the folder that the running program lies in; empty like `root`
     std::string highestInstalledVersion; ///< that was ever installed in `root`; empty like `root`
@@ -67,4 +70,4 @@ class RunningCopy {
     int lock_ = -1;
 };
 
-} // namespace platform
+} // namespace updates

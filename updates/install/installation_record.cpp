@@ -1,50 +1,26 @@
-#include "platform/updates/install/installation_record.hpp"
+#include "updates/install/installation_record.hpp"
 
-#include "platform/updates/feed/version_order.hpp"
+#include "updates/feed/version_order.hpp"
 
 #include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
-#include <ctime>
 
-namespace platform {
+namespace updates {
 namespace {
 
-constexpr const char* recordFile = "record";
-constexpr const char* newRecordFile = "record.new";
-constexpr const char* newPointer = "state/current.new";
+using platform::Descriptor;
+
+constexpr const char* recordName = "record";
+constexpr const char* recordLockName = "record.lock";
+constexpr const char* reserveName = "reserve";
+constexpr const char* newPointer = "current.new";
 constexpr std::size_t longestRecord = 4096;
-
-/// The whole of a small file; empty where there is none.
-std::string contentOf(int folder, const char* name) {
-    const Descriptor file(openat(folder, name, O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
-    std::array<char, longestRecord> buffer{};
-    std::string content;
-    while (file && content.size() < longestRecord) {
-        const ssize_t count = read(file.get(), buffer.data(), buffer.size());
-        if (count == 0 || (count < 0 && errno != EINTR)) {
-            break;
-        }
-        content.append(buffer.data(), count < 0 ? 0 : static_cast<std::size_t>(count));
-    }
-    return content;
-}
-
-int writeAll(int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = write(file, text.data(), text.size());
-        if (count < 0 && errno != EINTR) {
-            return errno;
-        }
-        text.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
-    }
-    return 0;
-}
+constexpr off_t reserveSize = 64 << 10; // a file, a link and their names, wherever blocks are small
 
 /// Takes what comes before the next `separator`, and that, off a text.
 std::string take(std::string_view& text, char separator) {
@@ -53,10 +29,24 @@ std::string take(std::string_view& text, char separator) {
     return std::string(part);
 }
 
-InstallationRecord parseRecord(std::string_view content) {
+/// Does something in the state folder, with the reserve's room if there is no other.
+template<class Change>
+int change(int root, Change make) {
+    const Descriptor state = platform::openFolder(root, stateName);
+    if (!state) {
+        return errno;
+    }
+    const int error = make(state.get());
+    const bool isFull = error == ENOSPC || error == EDQUOT;
+    return isFull && unlinkat(state.get(), reserveName, 0) == 0 ? make(state.get()) : error;
+}
+
+} // namespace
+
+InstallationRecord parseRecord(std::string_view text) {
     InstallationRecord record;
-    while (!content.empty()) {
-        const std::string whole = take(content, '\n');
+    while (!text.empty()) {
+        const std::string whole = take(text, '\n');
         std::string_view line = whole;
         const std::string key = take(line, ' ');
         const std::string version = take(line, ' ');
@@ -96,17 +86,6 @@ std::string recordText(const InstallationRecord& record) {
     return text;
 }
 
-} // namespace
-
-Descriptor openFolder(int parent, const std::string& name) {
-    return Descriptor(
-        openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-}
-
-Descriptor openFolder(const std::filesystem::path& path) {
-    return openFolder(AT_FDCWD, path.string());
-}
-
 std::string currentVersion(int root) {
     std::array<char, 256> buffer{};
     const ssize_t length = readlinkat(root, currentName, buffer.data(), buffer.size());
@@ -119,8 +98,9 @@ std::string currentVersion(int root) {
 }
 
 InstallationRecord readRecord(int root, std::string_view current) {
-    const Descriptor state = openFolder(root, stateName);
-    auto record = parseRecord(state ? contentOf(state.get(), recordFile) : std::string());
+    const Descriptor state = platform::openFolder(root, stateName);
+    auto record = parseRecord(state ? platform::contentOf(state.get(), recordName, longestRecord)
+                                    : std::string());
     if (record.trial && record.trial->version != current) {
         record.trial.reset();
     }
@@ -130,69 +110,70 @@ InstallationRecord readRecord(int root, std::string_view current) {
     return record;
 }
 
+int makeState(int root) {
+    Descriptor state = platform::openFolder(root, stateName);
+    if (!state && errno == ENOENT) {
+        const int error = platform::makeFolder(root, stateName);
+        if (error != 0 || fsync(root) != 0) {
+            return error != 0 ? error : errno;
+        }
+        state = platform::openFolder(root, stateName);
+    }
+    return state && platform::openLockFile(state.get(), recordLockName) ? 0 : errno;
+}
+
 int writeRecord(int root, const InstallationRecord& record) {
-    const Descriptor state = openFolder(root, stateName);
-    if (!state) {
-        return errno;
-    }
-    Descriptor file(openat(state.get(), newRecordFile,
-                           O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0644));
-    if (!file) {
-        return errno;
-    }
-    if (const int error = writeAll(file.get(), recordText(record)); error != 0) {
-        return error;
-    }
-    if (fsync(file.get()) != 0 || !file.reset() ||
-        renameat(state.get(), newRecordFile, state.get(), recordFile) != 0 ||
-        fsync(state.get()) != 0) {
-        return errno;
-    }
-    return 0;
+    return change(root, [text = recordText(record)](int state) {
+        return platform::replaceFile(state, recordName, text, 0644);
+    });
 }
 
 int pointCurrentTo(int root, const std::string& version) {
     const std::string target = std::string(versionsName) + '/' + version;
-    if ((unlinkat(root, newPointer, 0) != 0 && errno != ENOENT) ||
-        symlinkat(target.c_str(), root, newPointer) != 0 ||
-        renameat(root, newPointer, root, currentName) != 0) {
+    const int error = change(root, [&](int state) {
+        const bool isDone = (unlinkat(state, newPointer, 0) == 0 || errno == ENOENT) &&
+                            symlinkat(target.c_str(), state, newPointer) == 0 &&
+                            renameat(state, newPointer, root, currentName) == 0;
+        return isDone ? 0 : errno;
+    });
+    if (error == 0) {
+        // It is done. Should the disk lose this rename, then the old version is still there, whole.
+        fsync(root);
+    }
+    return error;
+}
+
+int reserveRoom(int root) {
+    const Descriptor state = platform::openFolder(root, stateName);
+    if (!state) {
         return errno;
     }
-    // It is done. Should the disk lose this rename, then the old version is still there, whole.
-    fsync(root);
-    return 0;
+    if (unlinkat(state.get(), reserveName, 0) != 0 && errno != ENOENT) { // of unknown size
+        return errno;
+    }
+    const Descriptor file = platform::makeFile(state.get(), reserveName, 0600);
+    const int error = file ? posix_fallocate(file.get(), 0, reserveSize) : errno;
+    if (file && error != 0) {
+        unlinkat(state.get(), reserveName, 0); // half of it is none
+    }
+    return error;
 }
 
-RecordLock::RecordLock(int root, Folder folder) {
-    if (folder == Folder::make) {
-        if (mkdirat(root, stateName, 0755) == 0) {
-            error_ = fsync(root) == 0 ? 0 : errno;
-        } else if (errno != EEXIST) {
-            error_ = errno;
+RecordLock::RecordLock(int root) {
+    const Descriptor state = platform::openFolder(root, stateName);
+    lock_ = state ? platform::openLockFile(state.get(), recordLockName) : Descriptor();
+    error_ = lock_ ? platform::lock(lock_.get(), platform::Sharing::exclusive, 20) : errno;
+}
+
+void removeUnfinished(int root) {
+    // What stays is removed the next time.
+    [[maybe_unused]] int error = platform::removeTree(root, stagingName);
+    if (const Descriptor state = platform::openFolder(root, stateName)) {
+        for (const std::string& name :
+             {platform::unfinishedName(recordName), std::string(newPointer)}) {
+            error = platform::removeTree(state.get(), name);
         }
-    }
-    if (error_ == 0) {
-        state_ = openFolder(root, stateName);
-        error_ = state_ ? lockFolder(state_.get(), Sharing::exclusive, 20) : errno;
-    }
-    if (error_ != 0) {
-        state_.reset();
     }
 }
 
-int lockFolder(int folder, Sharing sharing, int tenths) {
-    const int operation = (sharing == Sharing::shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-    while (flock(folder, operation) != 0) {
-        if (errno == EINTR) {
-            continue;
-        }
-        if (errno != EWOULDBLOCK || tenths-- <= 0) {
-            return errno;
-        }
-        const timespec tenth{0, 100'000'000};
-        nanosleep(&tenth, nullptr);
-    }
-    return 0;
-}
-
-} // namespace platform
+} // namespace updates

@@ -1,14 +1,15 @@
 // Installations from the outside: who manages them, how they start, what they keep.
-#include "platform/updates/install/install_testing.hpp"
-#include "platform/updates/install/installation.hpp"
+#include "updates/install/installation.hpp"
+#include "updates/testing/install_testing.hpp"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <fstream>
 #include <memory>
 
-namespace platform::testing {
+namespace updates::testing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -30,20 +31,25 @@ TEST(InstallProtocol, ReadsBackWhatItWrites) {
         fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(missing));
         EXPECT_FALSE(readInstallArguments(fewer));
     }
-    auto twice = pointers;
-    twice.insert(twice.end(), {"--version", "2.0"});
-    EXPECT_FALSE(readInstallArguments(twice));
+    for (const auto& [at, nonsense] : std::initializer_list<std::pair<std::size_t, const char*>>{
+             {0, "some/where"}, {1, "-1"}, {1, "x"}, {2, "12 "}, {4, ""}, {5, ""}}) {
+        auto other = pointers;
+        other[at] = nonsense;
+        EXPECT_FALSE(readInstallArguments(other)) << at << nonsense;
+    }
+    pointers.push_back("more");
+    EXPECT_FALSE(readInstallArguments(pointers));
     for (const InstallMessage& message : std::initializer_list<InstallMessage>{
              InstallVerifying{}, InstallProgress{3, 4}, InstallReady{}, InstallDone{"1.1.0"},
-             InstallRefused{InstallFault::noSpace, "writing: full"}, InstallRefused{}}) {
+             Refusal{UpdateProblem::noSpace, "writing: \"full\"\n"}, Refusal{}}) {
         EXPECT_EQ(readInstallLine(installLine(message)), message);
+        EXPECT_EQ(installLine(message).find('\n'), std::string::npos);
     }
-    for (int fault = 0; fault <= static_cast<int>(InstallFault::cannotUpdate); ++fault) {
-        EXPECT_EQ(installFaultNamed(wireName(static_cast<InstallFault>(fault))),
-                  static_cast<InstallFault>(fault));
-    }
-    for (const char* const nonsense : {"", "ready now", "progress 1", "progress 5 4",
-                                       "progress -1 4", "installed", "refused", "refused so"}) {
+    for (const char* const nonsense :
+         {"", "ready", "{}", "[]", R"({"is":1})", R"({"is":"ready")", R"({"is":"over"})",
+          R"({"is":"unpacking","done":5,"total":4})", R"({"is":"unpacking","done":-1,"total":4})",
+          R"({"is":"installed"})", R"({"is":"refused","problem":1000,"detail":""})",
+          R"({"is":"refused","problem":-1,"detail":""})"}) {
         EXPECT_FALSE(readInstallLine(nonsense)) << nonsense;
     }
 }
@@ -77,6 +83,10 @@ TEST(Installation, KnowsWhoManagesIt) {
     found = examineInstallation(program, {lists, place / "flatpak-info"});
     EXPECT_EQ(found.management, Management::flatpak);
     EXPECT_EQ(found.packageName, "example.fennick.larkvox");
+
+    // Removed or moved to another disk while it runs.
+    found = examineInstallation(place / "nowhere", none);
+    EXPECT_EQ(found.management, Management::gone);
 
     // The same program in no such folder, as when it was just built.
     fs::create_directory(place / "build");
@@ -149,11 +159,111 @@ TEST(Update, ThatDoesNotComeUpTwiceGivesWayToThePreviousVersion) {
         examineInstallation(copy.root() / "versions/1.0.0/bin/larkvox", {"/nowhere", "/nowhere"});
     EXPECT_EQ(found.failedVersion, "1.1.0");
     EXPECT_EQ(found.highestInstalledVersion, "1.1.0");
-    EXPECT_THAT(faultOf(installUpdate(copy, "1.0.9")), Optional(InstallFault::notNewer));
+    EXPECT_THAT(faultOf(installUpdate(copy, "1.0.9")), Optional(UpdateProblem::notNewer));
     // It may be tried again, and then it may be mended.
     ASSERT_THAT(installUpdate(copy, "1.1.0"), Optional(installed110));
     EXPECT_EQ(runProgram({copy.launcher()}).output, "1.1.0\n");
     EXPECT_EQ(copy.current(), "versions/1.1.0");
+}
+
+TEST(Update, IsNotTakenBackForStartsThatFindNoScreen) {
+    const InstalledCopy copy;
+    ASSERT_THAT(installUpdate(copy, "1.1.0", brokenProgram()), Optional(installed110));
+    const std::string launcher = copy.launcher();
+    const std::vector<std::string> nowhere[] = {
+        {"env", "-u", "QT_QPA_PLATFORM", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", launcher},
+        {"env", "-u", "QT_QPA_PLATFORM", "-u", "WAYLAND_DISPLAY", "DISPLAY=:987", launcher},
+        {"env", "-u", "QT_QPA_PLATFORM", "-u", "DISPLAY", "WAYLAND_DISPLAY=none", launcher}};
+    for (const auto& command : nowhere) {
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(runProgram(command).code, 3);
+        }
+    }
+    EXPECT_EQ(runProgram({launcher}).code, 3);
+    EXPECT_EQ(runProgram({launcher}).code, 3);
+    EXPECT_EQ(runProgram({launcher}).output, "1.0.0\n") << "these two found one";
+}
+
+TEST(Update, IsForEverybodyWhateverTheUmask) {
+    const InstalledCopy copy;
+    const mode_t before = umask(077);
+    ASSERT_THAT(installUpdate(copy, "1.1.0"), Optional(installed110));
+    EXPECT_EQ(runProgram({copy.launcher()}).output, "1.1.0\n");
+    umask(before);
+    for (const auto& entry : fs::recursive_directory_iterator(copy.root())) {
+        const fs::path& path = entry.path();
+        const bool isOwners = path.extension() == ".lock" || path.filename() == "reserve";
+        const bool isProgram =
+            entry.is_directory() || path.filename().string().starts_with("larkvox");
+        EXPECT_EQ(entry.is_symlink() ? 0 : static_cast<unsigned>(entry.status().permissions()),
+                  entry.is_symlink()                              ? 0U
+                  : isOwners                                      ? 0600U
+                  : isProgram && path.filename() != "larkvox.txt" ? 0755U
+                                                                  : 0644U)
+            << path;
+    }
+}
+
+TEST(Update, ByRootBelongsToTheOwnerOfTheFolder) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can be somebody else";
+    }
+    const InstalledCopy copy;
+    constexpr uid_t owner = 65534;
+    const fs::path place = copy.root().parent_path();
+    ASSERT_EQ(runProgram({"chown", "-R", std::to_string(owner), copy.root()}).code, 0);
+    fs::create_directory(place / "outside");
+    std::ofstream(place / "outside/precious") << "precious";
+    ASSERT_THAT(installUpdate(copy, "1.1.0"), Optional(installed110));
+    for (const auto& entry : fs::recursive_directory_iterator(copy.root())) {
+        struct stat status {};
+        ASSERT_EQ(lstat(entry.path().c_str(), &status), 0);
+        EXPECT_EQ(status.st_uid, owner) << entry.path();
+    }
+    // They go on by themselves, whoever starts it in between.
+    EXPECT_EQ(runProgram({copy.launcher()}).output, "1.1.0\n");
+    const auto archive = makeArchive(goodUpdate("1.2.0", workingProgram()));
+    auto request = goodRequest(copy, archive, "1.2.0");
+    request.installed = "1.1.0";
+    EXPECT_THAT(HelperRun(request, archive, {}, owner).install(),
+                Optional(InstallMessage(InstallDone{"1.2.0"})));
+}
+
+TEST(Update, CannotBeHeldUpByWhoMayOnlyRead) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can be somebody else";
+    }
+    const InstalledCopy copy;
+    ASSERT_THAT(installUpdate(copy, "1.1.0"), Optional(installed110));
+    ASSERT_EQ(runProgram({copy.launcher()}).output, "1.1.0\n");
+    // Whatever they can open of it they lock.
+    Child reader({"setpriv", "--reuid=65534", "--clear-groups", "bash", "-c",
+                  "for file in $0 $0/* $0/state/*; do { exec {lock}<$file && flock -n $lock; } "
+                  "2>/dev/null; done; echo locked; read line",
+                  copy.root()});
+    ASSERT_THAT(reader.readLine(), Optional(std::string("locked")));
+    EXPECT_THAT(installUpdate(copy, "1.2.0"), Optional(InstallMessage(InstallDone{"1.2.0"})));
+    EXPECT_EQ(runProgram({copy.launcher()}).output, "1.2.0\n");
+}
+
+TEST(Update, ThatIsBrokenGivesWayOnAFullDisk) {
+    const InstalledCopy copy;
+    const fs::path disk = copy.root().parent_path() / "disk";
+    fs::create_directory(disk);
+    if (runProgram({"mount", "-t", "tmpfs", "-o", "size=256m", "tmpfs", disk}).code != 0) {
+        GTEST_SKIP() << "no file system of its own";
+    }
+    {
+        const InstalledCopy onDisk(disk);
+        EXPECT_THAT(installUpdate(onDisk, "1.1.0", brokenProgram()), Optional(installed110));
+        std::ofstream filler(disk / "filler");
+        while (filler << std::string(4096, 'x') << std::flush) {
+        }
+        EXPECT_EQ(runProgram({onDisk.launcher()}).code, 3);
+        EXPECT_EQ(runProgram({onDisk.launcher()}).code, 3);
+        EXPECT_EQ(runProgram({onDisk.launcher()}).output, "1.0.0\n");
+    }
+    EXPECT_EQ(runProgram({"umount", disk}).code, 0);
 }
 
 TEST(Update, ThatCameUpIsNoLongerOnTrial) {
@@ -194,4 +304,4 @@ TEST(Launcher, SaysWhenThereIsNothingToStart) {
 }
 
 } // namespace
-} // namespace platform::testing
+} // namespace updates::testing

@@ -1,12 +1,15 @@
 // The launcher, the one program of an installation that stays the same in all versions: starts the
 // current version with the same arguments. A new version that did not come up twice is given up for
 // the one before it.
-#include "platform/updates/install/installation_record.hpp"
+#include "platform/system/process.hpp"
+#include "updates/archive/archive_manifest.hpp"
+#include "updates/install/installation_record.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,28 +18,36 @@
 
 namespace {
 
-using namespace platform;
+using namespace updates;
 namespace fs = std::filesystem;
 
-Descriptor openVersion(int root, const std::string& version) {
-    const Descriptor versions = openFolder(root, versionsName);
-    return versions && !version.empty() ? openFolder(versions.get(), version) : Descriptor();
+platform::Descriptor openVersion(int root, const std::string& version) {
+    const platform::Descriptor versions = platform::openFolder(root, versionsName);
+    return versions && !version.empty() ? platform::openFolder(versions.get(), version)
+                                        : platform::Descriptor();
+}
+
+/// Whoever has closed their end of the pipe does not keep it from going on.
+void say(const std::string& line) {
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
+    std::fprintf(stderr, "%s\n", line.c_str());
+    std::signal(SIGPIPE, before);
 }
 
 /// Notes that a version on trial is started once more, or gives it up. Should the disk refuse, the
-/// program is started all the same.
+/// program is started all the same. A start that finds no screen says nothing of the version.
 void countTrial(int root) {
-    if (!readRecord(root, currentVersion(root)).trial) {
+    if (!readRecord(root, currentVersion(root)).trial || !platform::canShowWindows()) {
         return;
     }
-    const RecordLock lock(root, RecordLock::Folder::mustExist);
+    const RecordLock lock(root);
     const std::string current = currentVersion(root);
     InstallationRecord record = readRecord(root, current);
     if (!lock.holds() || !record.trial) {
         return;
     }
-    const Descriptor version = openVersion(root, current);
-    if (version && lockFolder(version.get(), Sharing::exclusive) != 0) {
+    const platform::Descriptor version = openVersion(root, current);
+    if (version && platform::lock(version.get(), platform::Sharing::exclusive) != 0) {
         return; // one that is coming up, or is up, has not failed
     }
     InstallationRecord::Trial& trial = *record.trial;
@@ -58,20 +69,22 @@ void countTrial(int root) {
 // NOLINTBEGIN(concurrency-mt-unsafe): the launcher has one thread.
 /// Becomes the program of a version. Returns when there is none that runs.
 void become(const fs::path& folder, int root, const std::string& version, char** arguments) {
-    const Descriptor lock = openVersion(root, version);
+    const platform::Descriptor lock = openVersion(root, version);
     if (!lock) {
         return;
     }
     // From here on, and as long as the program runs, its files stay.
-    if (lockFolder(lock.get(), Sharing::shared, 5) == 0 && fcntl(lock.get(), F_SETFD, 0) == 0) {
+    if (platform::lock(lock.get(), platform::Sharing::shared, 5) == 0 &&
+        fcntl(lock.get(), F_SETFD, 0) == 0) {
         setenv(lockVariable, std::to_string(lock.get()).c_str(), 1);
     }
-    const std::string program = (folder / versionsName / version / programPath).string();
+    const std::string program =
+        (folder / versionsName / version / programPath(PRODUCT_NAME)).string();
     std::string name = program;
     arguments[0] = name.data();
     execv(program.c_str(), arguments);
     unsetenv(lockVariable);
-    std::fprintf(stderr, "Larkvox %s does not start: %s\n", version.c_str(), std::strerror(errno));
+    say(std::string(PRODUCT " ") + version + " does not start: " + std::strerror(errno));
 }
 // NOLINTEND(concurrency-mt-unsafe)
 
@@ -79,17 +92,16 @@ void become(const fs::path& folder, int root, const std::string& version, char**
 
 int main(int argc, char** argv) {
     std::error_code error;
-    const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
-    const Descriptor root = openFolder(folder);
+    const fs::path folder = fs::read_symlink(platform::programFile(), error).parent_path();
+    const platform::Descriptor root = platform::openFolder(folder);
     if (!root || argc < 1) {
-        std::fputs("Larkvox cannot find its folder.\n", stderr);
+        say(PRODUCT " cannot find its folder.");
         return 127;
     }
     countTrial(root.get());
     const std::string current = currentVersion(root.get());
     become(folder, root.get(), current, argv);
     become(folder, root.get(), readRecord(root.get(), current).kept(), argv);
-    std::fputs("Larkvox finds no version of itself that starts. Please install it again.\n",
-               stderr);
+    say(PRODUCT " finds no version of itself that starts. Please install it again.");
     return 127;
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-namespace platform {
+namespace updates {
 
 /// The public key that a program trusts, Ed25519 in base64; empty: none. Its definition is written
 /// by the build, see cmake/LarkvoxUpdates.cmake.
 extern const char* const updatePublicKey;
 
-} // namespace platform
+} // namespace updates

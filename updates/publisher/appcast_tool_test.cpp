@@ -1,10 +1,11 @@
-#include "publisher/appcast_tool.hpp"
+#include "updates/publisher/appcast_tool.hpp"
 
-#include "platform/updates/feed/signature.hpp"
-#include "platform/updates/testing/archive_maker.hpp"
-#include "publisher/feed_check.hpp"
-#include "publisher/feed_document.hpp"
-#include "publisher/files.hpp"
+#include "platform/system/process.hpp"
+#include "updates/feed/signature.hpp"
+#include "updates/publisher/feed_check.hpp"
+#include "updates/publisher/feed_document.hpp"
+#include "updates/publisher/files.hpp"
+#include "updates/testing/archive_maker.hpp"
 
 #include <gmock/gmock.h>
 
@@ -12,24 +13,26 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <functional>
 #include <sstream>
+#include <utility>
 
-namespace publisher {
+namespace updates {
 namespace {
 
-using platform::testing::goodUpdate;
-using platform::testing::MadeEntry;
-using platform::testing::makeArchive;
-using platform::testing::Packing;
-using testing::HasSubstr;
-using testing::Not;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using updates::testing::goodUpdate;
+using updates::testing::MadeEntry;
+using updates::testing::makeArchive;
+using updates::testing::Packing;
 
 namespace fs = std::filesystem;
 
 const std::string system_ = std::string(platform::thisPlatform());
 
 /// A publisher's folder with a key and archives of three versions.
-class AppcastTool : public testing::Test {
+class AppcastTool : public ::testing::Test {
   protected:
     void SetUp() override {
         std::string pattern = fs::temp_directory_path() / "appcast_tool_XXXXXX";
@@ -37,12 +40,21 @@ class AppcastTool : public testing::Test {
         folder_ = pattern;
         ASSERT_EQ(run({"keygen", path("key")}), ExitCode::success) << errors_;
         for (const std::string version : {"1.0.0", "1.1.0", "1.2.0"}) {
-            write(archive(version), makeArchive(goodUpdate(version, "program"), Packing::xz));
+            write(archive(version), makeArchive(updateOf(version), Packing::xz));
         }
     }
     void TearDown() override { fs::remove_all(folder_); }
 
     [[nodiscard]] std::string path(const std::string& name) const { return folder_ / name; }
+    /// Whose program trusts the publisher's key, or another one.
+    [[nodiscard]] std::vector<MadeEntry> updateOf(const std::string& version,
+                                                  const std::string& key = "key") const {
+        auto entries = goodUpdate(version, "program");
+        auto manifest = updates::testing::goodManifest(version);
+        manifest.publicKey = read(key + ".pub").substr(0, 44);
+        entries[7].content = archiveManifestText(manifest);
+        return entries;
+    }
     static std::string archive(const std::string& version) {
         return "larkvox-" + version + ".tar.xz";
     }
@@ -81,6 +93,9 @@ class AppcastTool : public testing::Test {
         words.insert(words.end(), more.begin(), more.end());
         return run(words);
     }
+    ExitCode sign(const std::string& key = "key") {
+        return run({"sign", path("feed.xml"), "--key", path(key)});
+    }
     ExitCode verify() { return run({"verify", path("feed.xml"), "--public-key", path("key.pub")}); }
 
     fs::path folder_;
@@ -94,7 +109,7 @@ TEST_F(AppcastTool, MakesKeysThatOnlyTheirOwnerCanRead) {
     ASSERT_EQ(stat(path("key").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
     const std::string publicKey = read("key.pub").substr(0, 44);
-    EXPECT_TRUE(platform::isPublicKey(publicKey));
+    EXPECT_TRUE(updates::isPublicKey(publicKey));
 
     const std::string before = read("key");
     EXPECT_EQ(run({"keygen", path("key")}), ExitCode::refused);
@@ -163,8 +178,8 @@ TEST_F(AppcastTool, AddsVersionsThatAnUpdaterWouldTake) {
     EXPECT_EQ(item.enclosure.os, system_);
     const std::string bytes = read(archive("1.1.0"));
     EXPECT_EQ(item.enclosure.length, bytes.size());
-    EXPECT_EQ(platform::verifySignature(std::as_bytes(std::span(bytes)), item.enclosure.edSignature,
-                                        read("key.pub").substr(0, 44)),
+    EXPECT_EQ(updates::verifySignature(std::as_bytes(std::span(bytes)), item.enclosure.edSignature,
+                                       read("key.pub").substr(0, 44)),
               std::nullopt);
 }
 
@@ -186,6 +201,7 @@ TEST_F(AppcastTool, KeepsWhatElseTheFeedHolds) {
         const std::string tail = marked.substr(at + 1);
         write("feed.xml", head + tail);
         fs::permissions(path("feed.xml"), fs::perms(0640));
+        ASSERT_EQ(sign(), ExitCode::success) << errors_;
         ASSERT_EQ(add("1.0.0"), ExitCode::success) << errors_ << marked;
         const std::string after = read("feed.xml");
         EXPECT_TRUE(after.starts_with(head)) << after;
@@ -207,10 +223,19 @@ TEST_F(AppcastTool, LeavesTheFeedAloneWhenItCannotAdd) {
     write("not-an-archive", "nonsense");
     fs::create_directory(path("folder"));
     write("broken.html", "<p>\xff</p>");
-    write("large.html", std::string(platform::largestFeed - 1000, 'x'));
-    auto odd = goodUpdate("1.2.0", "program");
+    write("large.html", std::string(updates::largestFeed - 1000, 'x'));
+    auto odd = updateOf("1.2.0");
     odd.push_back({"Larkvox/versions/1.2.0/../x", MadeEntry::Type::file, "x"});
     write("unsafe", makeArchive(odd));
+    // What would be installed and could never be updated again.
+    for (const auto& [name, index] : {std::pair("no-program", 6), std::pair("no-helper", 9)}) {
+        auto entries = updateOf("1.2.0");
+        entries.erase(entries.begin() + index);
+        write(name, makeArchive(entries));
+    }
+    ASSERT_EQ(run({"keygen", path("other")}), ExitCode::success);
+    write("foreign", makeArchive(updateOf("1.2.0", "other")));
+    write("keyless", makeArchive(updateOf("1.2.0", "no such file")));
 
     const auto expectRefused = [&](ExitCode code, ExitCode expected, const std::string& message) {
         EXPECT_EQ(code, expected) << errors_;
@@ -235,6 +260,10 @@ TEST_F(AppcastTool, LeavesTheFeedAloneWhenItCannotAdd) {
     expectRefused(add("1.2.0", {"--url", "https://b.example/"}), ExitCode::usage, "twice");
     expectRefused(addFile("not-an-archive"), ExitCode::refused, "updaters would refuse it");
     expectRefused(addFile("unsafe"), ExitCode::refused, "not a plain name");
+    expectRefused(addFile("no-program"), ExitCode::refused, "no program bin/larkvox");
+    expectRefused(addFile("no-helper"), ExitCode::refused, "no program libexec/larkvox-install");
+    expectRefused(addFile("foreign"), ExitCode::refused, "trusts another key");
+    expectRefused(addFile("keyless"), ExitCode::refused, "no manifest in it");
     expectRefused(addFile("missing"), ExitCode::inputOutput, "missing");
     expectRefused(addFile("folder"), ExitCode::inputOutput, "is not a file");
     EXPECT_EQ(read("feed.xml"), good);
@@ -244,11 +273,13 @@ TEST_F(AppcastTool, LeavesTheFeedAloneWhenItCannotAdd) {
           "<rss><channel/></rss>", "",
           "<?xml version='1.0' encoding='iso-8859-1'?><rss><channel></channel></rss>"}) {
         write("feed.xml", feed);
-        expectRefused(add("1.2.0"), ExitCode::refused, "feed.xml: ");
+        [[maybe_unused]] const ExitCode signedOrNot = sign();
+        expectRefused(add("1.2.0", {"--title", "Größer"}), ExitCode::refused, "feed.xml: ");
         EXPECT_EQ(read("feed.xml"), feed);
     }
     for (const auto& entry : fs::directory_iterator(folder_)) {
-        EXPECT_THAT(entry.path().filename().string(), Not(HasSubstr("feed.xml.")));
+        const std::string name = entry.path().filename();
+        EXPECT_TRUE(!name.starts_with("feed.xml.") || name == "feed.xml.sig") << name;
     }
 }
 
@@ -257,6 +288,7 @@ TEST_F(AppcastTool, FindsWhatIsWrongWithAFeed) {
     ASSERT_EQ(add("1.1.0"), ExitCode::success);
     const std::string good = read("feed.xml");
     const std::string archiveBytes = read(archive("1.1.0"));
+    const auto items = appcastIn(good, "feed").items;
     const auto changed = [&good](const std::string& from, const std::string& to) {
         std::string text = good;
         const auto at = text.find(from);
@@ -275,7 +307,8 @@ TEST_F(AppcastTool, FindsWhatIsWrongWithAFeed) {
         {changed("length=\"", "length=\"1"), "bytes long"},
         {changed("edSignature=\"", "edSignature=\"\" x=\""), "is not signed"},
         {changed("edSignature=\"", "edSignature=\"A"), "signature that is none"},
-        {changed("larkvox-1.1.0", "larkvox-1.0.0"), "another key or of another archive"},
+        {changed(items[0].enclosure.edSignature, items[1].enclosure.edSignature),
+         "another key or of another archive"},
         {changed("version>1.1.0<", "version>1.1.1<"), "archive with version 1.1.0"},
         {changed(system_, other), "archive for "},
         {changed("sparkle:os", "os"), "which system"},
@@ -288,15 +321,27 @@ TEST_F(AppcastTool, FindsWhatIsWrongWithAFeed) {
     };
     for (const auto& [feed, problem] : cases) {
         write("feed.xml", feed);
-        EXPECT_EQ(verify(), ExitCode::refused);
+        const ExitCode code = sign();
+        EXPECT_EQ(code == ExitCode::success ? verify() : code, ExitCode::refused);
         EXPECT_THAT(errors_, HasSubstr(problem));
         EXPECT_EQ(out_, "");
     }
+    // What the signature does not vouch for is not unpacked.
     write("feed.xml", good);
+    write(archive("1.1.0"), std::string(archiveBytes.size(), 'x'));
+    ASSERT_EQ(sign(), ExitCode::success);
+    EXPECT_EQ(verify(), ExitCode::refused);
+    EXPECT_THAT(errors_, Not(HasSubstr("updaters refuse")));
+    write(archive("1.1.0"), archiveBytes);
     ASSERT_EQ(run({"keygen", path("other")}), ExitCode::success);
     EXPECT_EQ(run({"verify", path("feed.xml"), "--public-key", path("other.pub")}),
               ExitCode::refused);
     EXPECT_THAT(errors_, HasSubstr("another key"));
+    ASSERT_EQ(sign("other"), ExitCode::success);
+    EXPECT_EQ(run({"verify", path("feed.xml"), "--public-key", path("other.pub")}),
+              ExitCode::refused);
+    EXPECT_THAT(errors_, HasSubstr("another key or of another archive"));
+    ASSERT_EQ(sign(), ExitCode::success);
     write(archive("1.1.0"), archiveBytes.substr(1));
     EXPECT_EQ(verify(), ExitCode::refused);
     fs::create_directory(path("elsewhere"));
@@ -313,6 +358,77 @@ TEST_F(AppcastTool, FindsWhatIsWrongWithAFeed) {
         << errors_;
 }
 
+TEST_F(AppcastTool, VouchesForTheWholeFeedAndOnlyWhereItWasAsked) {
+    const auto read_ = [this] {
+        const std::string feed = read("feed.xml");
+        return readSignedAppcast(std::as_bytes(std::span(feed)), read("feed.xml.sig"),
+                                 {read("key.pub").substr(0, 44), 0,
+                                  std::chrono::sys_seconds(std::chrono::seconds(1741080600))});
+    };
+    ASSERT_EQ(add("1.0.0"), ExitCode::success) << errors_;
+    ASSERT_TRUE(std::holds_alternative<SignedAppcast>(read_()));
+    auto serial = std::get<SignedAppcast>(read_()).serial;
+    EXPECT_GE(serial, 1741080600U) << "a serial that is lost with its file starts above the last";
+    for (const bool isAdding : {false, true}) {
+        --runs_; // within the same second
+        ASSERT_EQ(isAdding ? add("1.1.0", {"--valid-days", "2"}) : sign(), ExitCode::success);
+        EXPECT_GT(std::get<SignedAppcast>(read_()).serial, serial);
+        serial = std::get<SignedAppcast>(read_()).serial;
+    }
+    EXPECT_EQ(verify(), ExitCode::success) << errors_;
+    const int then = std::exchange(runs_, 2 * 24 * 60 + runs_);
+    EXPECT_EQ(verify(), ExitCode::refused);
+    EXPECT_THAT(errors_, HasSubstr("has expired"));
+    EXPECT_EQ(add("1.2.0"), ExitCode::success) << "which signs it anew";
+    EXPECT_EQ(verify(), ExitCode::success) << errors_;
+    runs_ = then + 2 * 24 * 60;
+
+    // What somebody else wrote into the feed is not signed along with the next version.
+    const std::string good = read("feed.xml");
+    write(archive("1.3.0"), makeArchive(updateOf("1.3.0"), Packing::xz));
+    const std::string theirs = std::string(good).insert(good.find("<item>"), "<item/>");
+    ASSERT_EQ(run({"keygen", path("other")}), ExitCode::success);
+    const struct {
+        const char* what;
+        std::function<void()> change;
+        const char* problem;
+    } cases[] = {
+        {"changed", [&] { write("feed.xml", theirs); }, "changed since it was signed"},
+        {"not signed", [&] { fs::remove(path("feed.xml.sig")); }, "not signed"},
+        {"nonsense for a signature", [&] { write("feed.xml.sig", "signed"); }, "not signed"},
+        {"another's", [&] { ASSERT_EQ(sign("other"), ExitCode::success); }, "another key"},
+    };
+    for (const auto& [what, change, problem] : cases) {
+        change();
+        const std::string before = read("feed.xml");
+        EXPECT_EQ(verify(), ExitCode::refused) << what;
+        EXPECT_THAT(errors_, HasSubstr(problem));
+        EXPECT_EQ(add("1.3.0"), ExitCode::refused) << what;
+        EXPECT_THAT(errors_, HasSubstr(problem));
+        EXPECT_EQ(read("feed.xml"), before);
+        write("feed.xml", good);
+        ASSERT_EQ(sign(), ExitCode::success) << errors_;
+    }
+    EXPECT_EQ(add("1.3.0"), ExitCode::success) << errors_;
+}
+
+TEST_F(AppcastTool, HandsOverToANewKeyOnlyWhereThatIsNamed) {
+    ASSERT_EQ(run({"keygen", path("next")}), ExitCode::success);
+    ASSERT_EQ(run({"keygen", path("other")}), ExitCode::success);
+    ASSERT_EQ(add("1.0.0"), ExitCode::success) << errors_;
+    write(archive("1.1.0"), makeArchive(updateOf("1.1.0", "next"), Packing::xz));
+    EXPECT_EQ(add("1.1.0"), ExitCode::refused);
+    EXPECT_EQ(add("1.1.0", {"--new-key", path("other.pub")}), ExitCode::refused);
+    EXPECT_THAT(errors_, HasSubstr("trusts another key"));
+    EXPECT_EQ(add("1.1.0", {"--new-key", path("next.pub")}), ExitCode::success) << errors_;
+    EXPECT_EQ(verify(), ExitCode::refused);
+    EXPECT_THAT(errors_, HasSubstr("trusts another key"));
+    EXPECT_EQ(run({"verify", path("feed.xml"), "--public-key", path("key.pub"), "--new-key",
+                   path("next.pub")}),
+              ExitCode::success)
+        << errors_;
+}
+
 TEST_F(AppcastTool, SaysHowItIsUsed) {
     for (const std::vector<std::string>& words :
          {std::vector<std::string>{"--help"}, {"help"}, {"add", "--help"}}) {
@@ -322,6 +438,8 @@ TEST_F(AppcastTool, SaysHowItIsUsed) {
     for (const std::vector<std::string>& words : {std::vector<std::string>{},
                                                   {"sign"},
                                                   {"keygen"},
+                                                  {"sign", "feed"},
+                                                  {"sign", "f", "--key", "k", "--valid-days", "0"},
                                                   {"keygen", "a", "b"},
                                                   {"keygen", "--x"},
                                                   {"verify", path("feed.xml")},
@@ -347,4 +465,4 @@ TEST(FileNames, GoIntoAddressesAndBack) {
 }
 
 } // namespace
-} // namespace publisher
+} // namespace updates

@@ -1,6 +1,6 @@
-#include "publisher/command_line.hpp"
+#include "updates/publisher/command_line.hpp"
 
-#include "publisher/failure.hpp"
+#include "updates/publisher/failure.hpp"
 
 #include <charconv>
 #include <functional>
@@ -8,7 +8,7 @@
 #include <set>
 #include <vector>
 
-namespace publisher {
+namespace updates {
 namespace {
 
 [[noreturn]] void misunderstood(const std::string& what) {
@@ -35,6 +35,20 @@ class Arguments {
         option(name, [&value](const std::string& word) { value = word; });
     }
     void flag(const std::string& name, bool& value) { flags_[name] = &value; }
+    /// A number of hours or days, up to a year.
+    template<class Duration, class Value>
+    void duration(const std::string& name, Value& value) {
+        option(name, [name, &value](const std::string& word) {
+            constexpr auto most = std::chrono::floor<Duration>(std::chrono::days(366)).count();
+            int count = 0;
+            const char* const end = word.data() + word.size();
+            const auto [stop, error] = std::from_chars(word.data(), end, count);
+            if (error != std::errc() || stop != end || count < 1 || count > most) {
+                misunderstood(name + " takes a number from 1 to " + std::to_string(most) + ".");
+            }
+            value = Duration(count);
+        });
+    }
 
     /// Reads all words and gives the operand; fails unless it and the required options are there.
     std::string read(const char* operandName, std::initializer_list<const char*> required) {
@@ -101,16 +115,9 @@ AddCommand readAdd(Arguments arguments) {
         add.isCritical = true;
         add.criticalBelow = version;
     });
-    arguments.option("--rollout-hours", [&add](const std::string& word) {
-        constexpr int most = 366 * 24;
-        int hours = 0;
-        const char* const end = word.data() + word.size();
-        const auto [stop, error] = std::from_chars(word.data(), end, hours);
-        if (error != std::errc() || stop != end || hours < 1 || hours > most) {
-            misunderstood("--rollout-hours takes a number from 1 to " + std::to_string(most) + ".");
-        }
-        add.rolloutInterval = std::chrono::hours(hours);
-    });
+    arguments.duration<std::chrono::hours>("--rollout-hours", add.rolloutInterval);
+    arguments.duration<std::chrono::days>("--valid-days", add.valid);
+    arguments.text("--new-key", add.newKey);
     add.archive = arguments.read("ARCHIVE", {"--feed", "--key", "--url"});
     return add;
 }
@@ -137,10 +144,18 @@ Command readCommandLine(std::span<const char* const> arguments) {
     if (name == "add") {
         return readAdd(std::move(rest));
     }
+    if (name == "sign") {
+        SignCommand sign;
+        rest.path("--key", sign.key);
+        rest.duration<std::chrono::days>("--valid-days", sign.valid);
+        sign.feed = rest.read("FEED", {"--key"});
+        return sign;
+    }
     if (name == "verify") {
         VerifyCommand verify;
         rest.text("--public-key", verify.publicKey);
         rest.path("--archives", verify.archives);
+        rest.text("--new-key", verify.newKey);
         verify.feed = rest.read("FEED", {"--public-key"});
         return verify;
     }
@@ -169,16 +184,25 @@ larkvox-appcast add ARCHIVE --feed FEED --key KEYFILE --url ADDRESS
     --critical               important for everybody
     --critical-below VERSION important for those with an older version
     --date DATE              as "Tue, 04 Mar 2025 10:30:00 +0000"; now when absent
+    --new-key KEY            the archive trusts this public key from now on, in
+                             place of the one that signs it
+    --valid-days N           people's copies believe the feed so long; 90 when absent
+    Then signs the whole feed, into FEED.sig. A feed that the key has not
+    signed as it is now is refused.
 
-larkvox-appcast verify FEED --public-key KEY [--archives FOLDER]
-    Checks the feed and every archive in it: length, signature, what the
-    archive says of itself, the order of the versions. KEY is the public key
-    or the file that has it. The archives are looked for beside the feed, or
-    in FOLDER; nothing is fetched.
+larkvox-appcast sign FEED --key KEYFILE [--valid-days N]
+    Signs the feed as it is: before it expires, or after you changed it by
+    hand. It vouches for everything in it.
+
+larkvox-appcast verify FEED --public-key KEY [--archives FOLDER] [--new-key KEY]
+    Checks the feed and every archive in it: the feed's signature and expiry,
+    length, signature, what the archive says of itself, the order of the
+    versions. KEY is the public key or the file that has it. The archives are
+    looked for beside the feed, or in FOLDER; nothing is fetched.
 
 Exit codes: 0 all is well, 1 something is not right with feed, archive or key,
 2 the command was not understood, 3 a file could not be read or written.
 )";
 }
 
-} // namespace publisher
+} // namespace updates

@@ -7,7 +7,7 @@
 #include <string>
 #include <variant>
 
-namespace publisher {
+namespace updates {
 
 struct HelpCommand {};
 
@@ -31,7 +31,16 @@ struct AddCommand {
     std::optional<std::chrono::hours> rolloutInterval;
     bool isCritical = false;
     std::string criticalBelow;
-    std::string date; ///< as in feeds; empty: now
+    std::string date;            ///< as in feeds; empty: now
+    std::chrono::days valid{90}; ///< from now on the feed counts so long
+    std::string newKey; ///< the archive may trust this public key in place of the signing one
+};
+
+/// Signs a feed anew: before it expires, or after it was changed by hand.
+struct SignCommand {
+    std::filesystem::path feed;
+    std::filesystem::path key;
+    std::chrono::days valid{90};
 };
 
 /// Checks a feed and its archives.
@@ -39,9 +48,10 @@ struct VerifyCommand {
     std::filesystem::path feed;
     std::string publicKey;                         ///< in base64, or a file that has it
     std::optional<std::filesystem::path> archives; ///< their folder; absent: the feed's
+    std::string newKey;                            ///< as when adding
 };
 
-using Command = std::variant<HelpCommand, KeygenCommand, AddCommand, VerifyCommand>;
+using Command = std::variant<HelpCommand, KeygenCommand, AddCommand, SignCommand, VerifyCommand>;
 
 /// Reads the arguments (without the program's name); fails with a hint when they make no sense.
 [[nodiscard]] Command readCommandLine(std::span<const char* const> arguments);
@@ -49,4 +59,4 @@ using Command = std::variant<HelpCommand, KeygenCommand, AddCommand, VerifyComma
 /// What `--help` prints.
 [[nodiscard]] const char* helpText();
 
-} // namespace publisher
+} // namespace updates

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace publisher {
+namespace updates {
 
 /// What the program ends with.
 enum class ExitCode {
@@ -25,4 +25,4 @@ class Failure final : public std::runtime_error {
     ExitCode exitCode_;
 };
 
-} // namespace publisher
+} // namespace updates

@@ -1,21 +1,21 @@
-#include "publisher/feed_check.hpp"
+#include "updates/publisher/feed_check.hpp"
 
-#include "platform/updates/archive/unpacker.hpp"
-#include "platform/updates/feed/publication_date.hpp"
-#include "platform/updates/feed/secure_address.hpp"
-#include "platform/updates/feed/signature.hpp"
-#include "platform/updates/feed/update_choice.hpp"
-#include "platform/updates/feed/version_order.hpp"
-#include "publisher/failure.hpp"
-#include "publisher/files.hpp"
+#include "updates/archive/unpacker.hpp"
+#include "updates/feed/publication_date.hpp"
+#include "updates/feed/secure_address.hpp"
+#include "updates/feed/signature.hpp"
+#include "updates/feed/update_choice.hpp"
+#include "updates/feed/version_order.hpp"
+#include "updates/publisher/failure.hpp"
+#include "updates/publisher/files.hpp"
 
 #include <cctype>
 
-namespace publisher {
+namespace updates {
 namespace {
 
-using platform::AppcastItem;
-using platform::SignatureFault;
+using updates::AppcastItem;
+using updates::SignatureFault;
 
 constexpr std::string_view hexadecimal = "0123456789ABCDEF";
 
@@ -42,8 +42,10 @@ const char* reason(SignatureFault fault) {
 /// Collects what is wrong with the items of a feed.
 class Check {
   public:
-    Check(const std::filesystem::path& archives, const std::string& publicKey)
-        : archives_(archives), publicKey_(publicKey) {}
+    Check(std::filesystem::path archives, std::string publicKey, std::string newKey)
+        : archives_(std::move(archives)),
+          publicKey_(std::move(publicKey)),
+          newKey_(std::move(newKey)) {}
 
     void look(const AppcastItem& item) {
         lookAtWords(item);
@@ -70,13 +72,13 @@ class Check {
     }
 
     void lookAtWords(const AppcastItem& item) {
-        if (!platform::isSecureAddress(item.enclosure.url)) {
+        if (!updates::isSecureAddress(item.enclosure.url)) {
             add(item, "is not at a complete https address: " + item.enclosure.url);
         }
-        if (!item.releaseNotesLink.empty() && !platform::isSecureAddress(item.releaseNotesLink)) {
+        if (!item.releaseNotesLink.empty() && !updates::isSecureAddress(item.releaseNotesLink)) {
             add(item, "has release notes that are not at a complete https address.");
         }
-        if (!platform::parsePublicationDate(item.pubDate)) {
+        if (!updates::parsePublicationDate(item.pubDate)) {
             add(item, "has no date that can be read: \"" + item.pubDate + "\".");
         }
         if (item.enclosure.os.empty()) {
@@ -92,37 +94,41 @@ class Check {
             return;
         }
         try {
-            auto archive = readCopy(archives_ / name, platform::largestArchive);
+            auto archive = readCopy(archives_ / name, updates::largestArchive);
             std::error_code error;
             const auto bytes = archive.map(error);
             if (error) {
                 throw Failure(ExitCode::inputOutput, name + ": " + error.message());
             }
+            // What nobody vouches for is not unpacked.
             if (enclosure.length != bytes.size()) {
                 add(item, "is " + std::to_string(bytes.size()) + " bytes long, the feed says " +
                               std::to_string(enclosure.length) + '.');
-            }
-            const auto fault = platform::verifySignature(bytes, enclosure.edSignature, publicKey_);
-            if (fault) {
+            } else if (const auto fault =
+                           updates::verifySignature(bytes, enclosure.edSignature, publicKey_)) {
                 add(item, reason(*fault));
+            } else {
+                lookInside(item, updates::examineArchive(bytes));
             }
-            lookInside(item, platform::examineArchive(bytes));
         } catch (const Failure& failure) {
             problems.push_back(nameOf(item) + ": " + failure.what());
         }
     }
 
-    void lookInside(const AppcastItem& item, const platform::UnpackResult& result) {
-        if (const auto* const failure = std::get_if<platform::ArchiveFailure>(&result)) {
+    void lookInside(const AppcastItem& item, const updates::UnpackResult& result) {
+        if (const auto* const failure = std::get_if<updates::Refusal>(&result)) {
             add(item, "has an archive that updaters refuse: " + failure->detail);
             return;
         }
-        const auto& manifest = std::get<platform::UnpackedArchive>(result).manifest;
+        const auto& manifest = std::get<updates::UnpackedArchive>(result).manifest;
         if (manifest.version != item.version) {
             add(item, "has an archive with version " + manifest.version + '.');
         }
         if (!item.enclosure.os.empty() && !isForSameSystem(item.enclosure.os, manifest.platform)) {
             add(item, "has an archive for " + manifest.platform + '.');
+        }
+        if (const auto problem = keyProblem(manifest, publicKey_, newKey_)) {
+            add(item, "has an archive that " + *problem);
         }
         if (identifier_.empty()) {
             identifier_ = manifest.identifier;
@@ -133,15 +139,15 @@ class Check {
     }
 
     void comparePair(const AppcastItem& a, const AppcastItem& b) {
-        const auto order = platform::compareVersions(a.version, b.version);
+        const auto order = updates::compareVersions(a.version, b.version);
         if (std::is_eq(order)) {
             add(a, "is in the feed twice.");
             return;
         }
         const AppcastItem& lower = std::is_lt(order) ? a : b;
         const AppcastItem& higher = std::is_lt(order) ? b : a;
-        const auto lowerDate = platform::parsePublicationDate(lower.pubDate);
-        const auto higherDate = platform::parsePublicationDate(higher.pubDate);
+        const auto lowerDate = updates::parsePublicationDate(lower.pubDate);
+        const auto higherDate = updates::parsePublicationDate(higher.pubDate);
         if (lowerDate && higherDate && *lowerDate > *higherDate) {
             add(lower,
                 "goes backwards: it is of a later date than version " + higher.version + '.');
@@ -150,6 +156,7 @@ class Check {
 
     std::filesystem::path archives_;
     std::string publicKey_;
+    std::string newKey_;
     std::string identifier_;
 };
 
@@ -217,10 +224,20 @@ bool isForSameSystem(std::string_view os, std::string_view otherOs) {
     return covers(os, otherOs) || covers(otherOs, os);
 }
 
-std::vector<std::string> problemsOf(const platform::Appcast& appcast,
+std::optional<std::string> keyProblem(const ArchiveManifest& manifest, const std::string& publicKey,
+                                      const std::string& newKey) {
+    if (manifest.publicKey == publicKey || manifest.publicKey == newKey) {
+        return std::nullopt;
+    }
+    return "trusts another key, " + manifest.publicKey +
+           ": copies that install it would refuse every update of yours. If the key is to change, "
+           "name that one with --new-key.";
+}
+
+std::vector<std::string> problemsOf(const updates::Appcast& appcast,
                                     const std::filesystem::path& archives,
-                                    const std::string& publicKey) {
-    Check check(archives, publicKey);
+                                    const std::string& publicKey, const std::string& newKey) {
+    Check check(archives, publicKey, newKey);
     if (appcast.ignoredItems > 0) {
         check.problems.push_back(
             "Updaters leave out " + std::to_string(appcast.ignoredItems) +
@@ -236,4 +253,4 @@ std::vector<std::string> problemsOf(const platform::Appcast& appcast,
     return check.problems;
 }
 
-} // namespace publisher
+} // namespace updates

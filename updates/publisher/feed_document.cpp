@@ -1,18 +1,15 @@
-#include "publisher/feed_document.hpp"
+#include "updates/publisher/feed_document.hpp"
 
-#include "publisher/failure.hpp"
+#include "updates/publisher/failure.hpp"
 
-#include <expat.h>
+#include <algorithm>
 
-#include <memory>
-#include <type_traits>
-
-namespace publisher {
+namespace updates {
 namespace {
 
-using platform::Appcast;
-using platform::AppcastItem;
-using platform::FeedFault;
+using updates::Appcast;
+using updates::AppcastItem;
+using updates::FeedFault;
 
 // The name that the prefix "sparkle" stands for in our feeds. Nothing is fetched from there.
 constexpr std::string_view nameSpace = "https://updates.fennick.example/larkvox/sparkle";
@@ -94,78 +91,16 @@ std::string itemText(const AppcastItem& item, bool declaresNamespace) {
            attribute("sparkle:edSignature", archive.edSignature) + "/>\n    </item>";
 }
 
-/// Where an item goes into a feed.
-struct Place {
-    XML_Parser parser = nullptr;
-    int depth = 0;
-    bool isInChannel = false;
-    bool hasNamespace = false; // the prefix is declared around the items
-    bool isOtherEncoding = false;
-    bool isBeforeItem = false;
-    long position = -1; // in bytes
-};
-
-constexpr int itemDepth = 3;
-
-void startElement(void* user, const XML_Char* name, const XML_Char** attributes) {
-    Place& place = *static_cast<Place*>(user);
-    ++place.depth;
-    if (place.depth == itemDepth - 1) {
-        place.isInChannel = std::string_view(name) == "channel";
-    }
-    for (; place.depth < itemDepth && *attributes != nullptr; attributes += 2) {
-        place.hasNamespace = place.hasNamespace || std::string_view(*attributes) == "xmlns:sparkle";
-    }
-    if (place.depth == itemDepth && place.isInChannel && place.position < 0 &&
-        std::string_view(name) == "item") {
-        place.position = XML_GetCurrentByteIndex(place.parser);
-        place.isBeforeItem = true;
-    }
-}
-
-void endElement(void* user, const XML_Char*) {
-    Place& place = *static_cast<Place*>(user);
-    // A channel that is a single tag has no inside.
-    if (place.depth == itemDepth - 1 && place.isInChannel && place.position < 0 &&
-        XML_GetCurrentByteCount(place.parser) > 0) {
-        place.position = XML_GetCurrentByteIndex(place.parser);
-    }
-    --place.depth;
-}
-
-void declaration(void* user, const XML_Char*, const XML_Char* encoding, int) {
-    Place& place = *static_cast<Place*>(user);
-    if (encoding != nullptr) {
-        std::string lower(encoding);
-        for (char& c : lower) {
-            c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
-        }
-        place.isOtherEncoding = lower != "utf-8";
-    }
-}
-
-Place placeIn(std::string_view feed) {
-    const std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser(
-        XML_ParserCreate(nullptr), &XML_ParserFree);
-    Place place;
-    if (parser == nullptr) {
-        return place;
-    }
-    place.parser = parser.get();
-    XML_SetUserData(parser.get(), &place);
-    XML_SetElementHandler(parser.get(), startElement, endElement);
-    XML_SetXmlDeclHandler(parser.get(), declaration);
-    // That it can be read was seen before.
-    if (XML_Parse(parser.get(), feed.data(), static_cast<int>(feed.size()), XML_TRUE) !=
-        XML_STATUS_OK) {
-        place.position = -1;
-    }
-    place.parser = nullptr;
-    return place;
-}
-
 const char* reason(FeedFault fault) {
     switch (fault) {
+    case FeedFault::notSigned:
+        return "is not signed: there is no statement beside it.";
+    case FeedFault::signatureWrong:
+        return "was changed since it was signed, or signed with another key.";
+    case FeedFault::superseded:
+        return "is older than one that was published before.";
+    case FeedFault::expired:
+        return "has expired: people's copies refuse it. Renew it with \"sign\".";
     case FeedFault::tooLarge:
         return "is larger than the mebibyte that updaters read. Take old items out.";
     case FeedFault::documentType:
@@ -190,31 +125,50 @@ std::string emptyFeed(std::string_view product) {
 }
 
 Appcast appcastIn(std::string_view feed, const std::string& name) {
-    auto result = platform::readAppcast(std::as_bytes(std::span(feed)));
+    auto result = updates::readAppcast(std::as_bytes(std::span(feed)));
     if (const auto* const fault = std::get_if<FeedFault>(&result)) {
         throw Failure(ExitCode::refused, name + ": " + reason(*fault));
     }
     return std::get<Appcast>(std::move(result));
 }
 
+FeedStatement signedStatement(std::string_view feed, std::string_view statementNow,
+                              const SigningKey& key, std::chrono::sys_seconds now,
+                              std::chrono::days valid) {
+    const auto last = readFeedStatement(statementNow);
+    const auto time = static_cast<std::uint64_t>(now.time_since_epoch().count());
+    FeedStatement statement{std::max(last ? last->serial + 1 : 0, time), now + valid, {}};
+    const std::string bytes = signedBytes(statement, std::as_bytes(std::span(feed)));
+    statement.signature = key.sign(std::as_bytes(std::span(bytes)));
+    return statement;
+}
+
+void requireSigned(std::string_view feed, std::string_view statement, const std::string& publicKey,
+                   const std::string& name, std::chrono::sys_seconds now) {
+    const auto read =
+        readSignedAppcast(std::as_bytes(std::span(feed)), statement, {publicKey, 0, now});
+    if (const auto* const fault = std::get_if<FeedFault>(&read)) {
+        throw Failure(ExitCode::refused,
+                      name + ": " + reason(*fault) +
+                          (*fault <= FeedFault::signatureWrong
+                               ? " Look at what it says; then \"sign\" vouches for it."
+                               : ""));
+    }
+}
+
 std::string withItem(std::string_view feed, const AppcastItem& item, const std::string& name) {
     const Appcast before = appcastIn(feed, name);
-    const Place place = placeIn(feed);
-    if (feed.starts_with("\xff\xfe") || feed.starts_with("\xfe\xff") || place.isOtherEncoding) {
-        throw Failure(ExitCode::refused, name + ": is not in UTF-8. Convert it first.");
-    }
-    if (place.position < 0) {
+    if (!before.firstByte) {
         throw Failure(ExitCode::refused, name + ": has no room for an item. Write the channel as "
                                                 "<channel></channel>.");
     }
+    const std::size_t items = before.items.size() + before.ignoredItems;
     std::string result(feed);
-    const std::string text = itemText(item, !place.hasNamespace);
+    const std::string text = itemText(item, !before.declaresPrefix);
     // The end tag's own indentation stands before it already.
-    result.insert(static_cast<std::size_t>(place.position),
-                  place.isBeforeItem ? text + "\n    " : "  " + text + "\n  ");
+    result.insert(*before.firstByte, items > 0 ? text + "\n    " : "  " + text + "\n  ");
 
-    auto readBack = platform::readAppcast(std::as_bytes(std::span(std::string_view(result))));
-    const auto* const after = std::get_if<Appcast>(&readBack);
+    const auto readBack = readAppcast(std::as_bytes(std::span(std::string_view(result))));
     if (const auto* const fault = std::get_if<FeedFault>(&readBack)) {
         throw Failure(ExitCode::refused,
                       std::string("With this item the feed would be refused: it ") +
@@ -223,21 +177,19 @@ std::string withItem(std::string_view feed, const AppcastItem& item, const std::
                                ? " Is there something in title or notes that is not UTF-8?"
                                : ""));
     }
-    const bool isExact = after->items.size() == before.items.size() + 1 &&
-                         after->ignoredItems == before.ignoredItems;
-    const AppcastItem* const added = isExact ? &after->items.front() : nullptr;
-    if (added == nullptr || added->version != item.version || added->channel != item.channel ||
-        added->minimumSystemVersion != item.minimumSystemVersion ||
-        added->pubDate != item.pubDate || added->releaseNotesLink != item.releaseNotesLink ||
-        added->phasedRolloutInterval != item.phasedRolloutInterval ||
-        added->isCritical != item.isCritical || added->criticalBelow != item.criticalBelow ||
-        added->enclosure.url != item.enclosure.url ||
-        added->enclosure.length != item.enclosure.length ||
-        added->enclosure.os != item.enclosure.os ||
-        added->enclosure.edSignature != item.enclosure.edSignature) {
-        throw Failure(ExitCode::refused, "Updaters would not read the new item as it is meant.");
+    const Appcast& after = std::get<Appcast>(readBack);
+    const bool isOneMore = after.items.size() == before.items.size() + 1;
+    AppcastItem expected = item;
+    if (isOneMore) {
+        expected.description = after.items.front().description; // line ends may differ
+    }
+    if (!isOneMore || after.items.front() != expected) {
+        throw Failure(ExitCode::refused,
+                      name +
+                          ": updaters would not read the new item as it is meant. Is the feed in "
+                          "UTF-8, and no space at the ends of its texts?");
     }
     return result;
 }
 
-} // namespace publisher
+} // namespace updates

@@ -7,9 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include <sys/types.h>
-
-namespace publisher {
+namespace updates {
 
 /// A copy of a file in memory that does not change while it is looked at and signed. Fails for a
 /// file of more than `limit` bytes.
@@ -20,7 +18,7 @@ namespace publisher {
 
 /// Makes a new file with these access rights, safe on the disk when it returns. Fails where there
 /// is a file already; nothing is left behind after a failure.
-void writeNewFile(const std::filesystem::path& path, std::string_view content, mode_t mode);
+void writeNewFile(const std::filesystem::path& path, std::string_view content, unsigned mode);
 
 /// Replaces a file, or makes it: readers see the old content or the new one, whole, also after a
 /// power cut. Access rights stay as they were.
@@ -30,4 +28,4 @@ void replaceFile(const std::filesystem::path& path, std::string_view content);
 /// lives; waits for its turn.
 [[nodiscard]] platform::Descriptor lockFolder(const std::filesystem::path& folder);
 
-} // namespace publisher
+} // namespace updates

@@ -1,4 +1,4 @@
-#include "publisher/appcast_tool.hpp"
+#include "updates/publisher/appcast_tool.hpp"
 
 #include <iostream>
 
@@ -6,5 +6,5 @@ int main(int argc, char** argv) {
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
     return static_cast<int>(
-        publisher::runTool(words.empty() ? words : words.subspan(1), std::cout, std::cerr, now));
+        updates::runTool(words.empty() ? words : words.subspan(1), std::cout, std::cerr, now));
 }

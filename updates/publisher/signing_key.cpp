@@ -1,20 +1,17 @@
-#include "publisher/signing_key.hpp"
+#include "updates/publisher/signing_key.hpp"
 
-#include "platform/system/descriptor.hpp"
-#include "platform/updates/feed/signature.hpp"
-#include "publisher/failure.hpp"
-#include "publisher/files.hpp"
+#include "platform/system/files.hpp"
+#include "updates/feed/signature.hpp"
+#include "updates/publisher/failure.hpp"
+#include "updates/publisher/files.hpp"
 
-#include <fcntl.h>
 #include <sodium.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <string_view>
 #include <system_error>
 
-namespace publisher {
+namespace updates {
 namespace {
 
 namespace fs = std::filesystem;
@@ -48,21 +45,21 @@ struct SecretText {
 /// The beginning of a file that only its owner can read, in the one piece of memory that will be
 /// wiped.
 std::string readPrivateFile(const fs::path& path) {
-    const platform::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat status {};
-    if (!file || fstat(file.get(), &status) != 0) {
+    const platform::Descriptor file = platform::openFile(path);
+    std::string text(1024, '\0');
+    std::size_t size = 0;
+    if (const int error = file ? platform::readSome(file.get(), text, size) : errno; error != 0) {
         throw Failure(ExitCode::inputOutput, path.string() + ": cannot be read: " +
-                                                 std::generic_category().message(errno));
+                                                 std::generic_category().message(error));
     }
-    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+    text.resize(size);
+    if (!platform::isPrivate(file.get())) {
+        sodium_memzero(text.data(), text.size());
         throw Failure(ExitCode::refused,
                       path.string() +
                           ": others can read this private key. Make it yours alone with "
                           "\"chmod 600\", and consider whether somebody has.");
     }
-    std::string text(1024, '\0');
-    const ssize_t size = read(file.get(), text.data(), text.size());
-    text.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
     return text;
 }
 
@@ -83,11 +80,12 @@ SigningKey SigningKey::create(const fs::path& path) {
     }
     content.text += '\n';
     const fs::path publicPath = path.string() + ".pub";
-    writeNewFile(path, content.text, S_IRUSR | S_IWUSR);
+    writeNewFile(path, content.text, 0600);
     try {
         writeNewFile(publicPath, key.publicKey() + '\n', 0644);
     } catch (const Failure&) {
-        unlink(path.c_str()); // half a pair is of no use
+        std::error_code error;
+        fs::remove(path, error); // half a pair is of no use
         throw;
     }
     return key;
@@ -142,12 +140,12 @@ std::string SigningKey::sign(std::span<const std::byte> bytes) const {
 }
 
 std::string publicKeyFrom(const std::string& keyOrFile) {
-    if (platform::isPublicKey(keyOrFile)) {
+    if (updates::isPublicKey(keyOrFile)) {
         return keyOrFile;
     }
     const std::string text = readText(keyOrFile, 1024);
     std::string key = text.substr(0, text.find('\n'));
-    if (!platform::isPublicKey(key)) {
+    if (!updates::isPublicKey(key)) {
         throw Failure(ExitCode::refused,
                       keyOrFile +
                           ": is not a public key. \"keygen\" wrote it to the file that ends "
@@ -156,4 +154,4 @@ std::string publicKeyFrom(const std::string& keyOrFile) {
     return key;
 }
 
-} // namespace publisher
+} // namespace updates

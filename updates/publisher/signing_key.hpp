@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-namespace publisher {
+namespace updates {
 
 /// The maker's private key. It lives in one file that only its owner can read, never appears in a
 /// command line or in what the program prints, and is wiped from memory in the end.
@@ -37,4 +37,4 @@ class SigningKey {
 /// A public key in base64, given as such or as the file that has it in its first line.
 [[nodiscard]] std::string publicKeyFrom(const std::string& keyOrFile);
 
-} // namespace publisher
+} // namespace updates

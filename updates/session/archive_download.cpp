@@ -1,12 +1,14 @@
-#include "platform/updates/session/archive_download.hpp"
+#include "updates/session/archive_download.hpp"
 
 #include <algorithm>
 
-namespace platform {
+namespace updates {
 namespace {
 
-constexpr qint64 tellingInterval = 100; // ms
-constexpr qint64 speedWindow = 3000;    // ms
+using namespace std::chrono_literals;
+
+constexpr auto tellingInterval = 100ms;
+constexpr auto speedWindow = 3s;
 
 /// Whether another try may get further.
 bool isPassing(UpdateProblem problem) {
@@ -25,66 +27,80 @@ bool isPassing(UpdateProblem problem) {
 } // namespace
 
 ArchiveDownload::ArchiveDownload(const HttpsClient& client, const UpdateLimits& limits,
-                                 QObject* parent)
-    : QObject(parent), client_(client), limits_(limits) {
-    pause_.setSingleShot(true);
-    connect(&pause_, &QTimer::timeout, this, &ArchiveDownload::attempt);
-}
+                                 std::function<void(const DownloadProgress&)> progress)
+    : client_(client), limits_(limits), progress_(std::move(progress)) {}
 
-void ArchiveDownload::start(const QUrl& url, std::uint64_t length) {
-    url_ = url;
+std::variant<platform::SealedFile, UpdateFailure>
+ArchiveDownload::get(const QUrl& url, std::uint64_t length, HttpsClient::Time now) {
+    if (length == 0 || length > limits_.archiveBytes) {
+        return UpdateFailure{
+            length == 0 ? UpdateProblem::wrongLength : UpdateProblem::archiveTooLarge, {}};
+    }
     length_ = length;
-    const std::uint64_t seconds = length / std::max<std::uint64_t>(1, limits_.leastBytesPerSecond);
-    wholeTime_ = limits_.downloadTime + std::chrono::seconds(seconds);
-    clock_.start();
-    if (length > limits_.archiveBytes) {
-        finish(UpdateFailure{UpdateProblem::archiveTooLarge, {}});
-    } else if (length == 0) {
-        finish(UpdateFailure{UpdateProblem::wrongLength, {}});
-    } else if (!beginAnew()) {
-        finish(UpdateFailure{UpdateProblem::noMemory, {}});
-    } else {
-        attempt();
+    end_ = Clock::now() + limits_.downloadTime +
+           std::chrono::seconds(length / std::max<std::uint64_t>(1, limits_.leastBytesPerSecond));
+    std::uint64_t furthest = 0; // ever received before an attempt
+    int fruitless = 0;
+    for (int attempts = 1;; ++attempts) {
+        MaybeFailure failure = attempt(url, now);
+        if (!failure && archive_.seal()) {
+            failure = {UpdateProblem::noMemory, {}};
+        }
+        if (!failure) {
+            return std::move(archive_);
+        }
+        fruitless = received_ > furthest ? 0 : fruitless + 1;
+        furthest = std::max(furthest, received_);
+        if (!isPassing(failure->problem) || attempts > limits_.resumptions ||
+            fruitless > limits_.fruitlessResumptions || !client_.isWanted()) {
+            return *std::move(failure);
+        }
+        client_.pause(limits_.resumptionPause * (1 << std::min(fruitless, 6)));
     }
 }
 
-bool ArchiveDownload::beginAnew() {
+ArchiveDownload::MaybeFailure ArchiveDownload::beginAnew() {
     received_ = 0;
     samples_.clear();
     validator_.clear();
-    if (archive_.isOpen()) {
-        return !archive_.clear();
-    }
     std::error_code error;
-    archive_ = SealedFile::create("update", error);
-    return !error;
+    if (archive_.isOpen()) {
+        error = archive_.clear();
+    } else {
+        archive_ = platform::SealedFile::create("update", error);
+    }
+    return error ? MaybeFailure({UpdateProblem::noMemory, {}}) : std::nullopt;
 }
 
-void ArchiveDownload::attempt() {
-    const std::chrono::milliseconds left = wholeTime_ - std::chrono::milliseconds(clock_.elapsed());
-    if (left.count() <= 0) {
-        finish(UpdateFailure{UpdateProblem::tooSlow, {}});
-        return;
+ArchiveDownload::MaybeFailure ArchiveDownload::attempt(const QUrl& url, HttpsClient::Time now) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end_ - Clock::now());
+    if (left <= 0ms) {
+        return UpdateFailure{UpdateProblem::tooSlow, {}};
     }
-    if (validator_.isEmpty() && received_ > 0 && !beginAnew()) {
-        finish(UpdateFailure{UpdateProblem::noMemory, {}});
-        return;
+    if (!archive_.isOpen() || (validator_.isEmpty() && received_ > 0)) {
+        if (const auto failure = beginAnew()) {
+            return failure;
+        }
     }
-    ++attempts_;
     isLengthTold_ = false;
-    fetch_ = std::make_unique<HttpsFetch>(client_, limits_);
-    fetch_->onAnswer = [this](const HttpsAnswer& answer) { return take(answer); };
-    fetch_->onBytes = [this](std::span<const std::byte> bytes) { return take(bytes); };
-    connect(fetch_.get(), &HttpsFetch::finished, this, &ArchiveDownload::endAttempt);
-    fetch_->start({.url = url_,
-                   .accept = "*/*",
-                   .largest = length_,
-                   .wholeTime = left,
-                   .offset = received_,
-                   .validator = validator_});
+    const auto failure =
+        client_.get({.url = url,
+                     .largest = length_,
+                     .wholeTime = left,
+                     .offset = received_,
+                     .validator = validator_,
+                     .onAnswer = [this](const HttpsAnswer& answer) { return take(answer); },
+                     .onBytes = [this](std::span<const std::byte> bytes) { return take(bytes); }},
+                    now);
+    if (!failure && received_ < length_) {
+        // An end before the end: the whole of a shorter archive, or a cut that nobody could see.
+        return UpdateFailure{
+            isLengthTold_ ? UpdateProblem::wrongLength : UpdateProblem::connectionLost, {}};
+    }
+    return failure;
 }
 
-std::optional<UpdateFailure> ArchiveDownload::take(const HttpsAnswer& answer) {
+ArchiveDownload::MaybeFailure ArchiveDownload::take(const HttpsAnswer& answer) {
     if (answer.contentType == "text/html") {
         return UpdateFailure{UpdateProblem::signInFirst, {}};
     }
@@ -95,8 +111,10 @@ std::optional<UpdateFailure> ArchiveDownload::take(const HttpsAnswer& answer) {
         return UpdateFailure{UpdateProblem::serverError, QStringLiteral("206")};
     }
     // Not from where we were: it is another archive by now, or the server cannot go on.
-    if (!answer.isPartial && received_ > 0 && !beginAnew()) {
-        return UpdateFailure{UpdateProblem::noMemory, {}};
+    if (!answer.isPartial && received_ > 0) {
+        if (const auto failure = beginAnew()) {
+            return failure;
+        }
     }
     isLengthTold_ = answer.length.has_value();
     if (!answer.isPartial) {
@@ -106,7 +124,7 @@ std::optional<UpdateFailure> ArchiveDownload::take(const HttpsAnswer& answer) {
     return std::nullopt;
 }
 
-std::optional<UpdateFailure> ArchiveDownload::take(std::span<const std::byte> bytes) {
+ArchiveDownload::MaybeFailure ArchiveDownload::take(std::span<const std::byte> bytes) {
     if (bytes.size() > length_ - received_) {
         return UpdateFailure{UpdateProblem::wrongLength, {}};
     }
@@ -119,7 +137,7 @@ std::optional<UpdateFailure> ArchiveDownload::take(std::span<const std::byte> by
 }
 
 void ArchiveDownload::tell() {
-    const qint64 now = clock_.elapsed();
+    const auto now = Clock::now();
     if (!samples_.empty() && received_ < length_ && now - toldAt_ < tellingInterval) {
         return;
     }
@@ -129,41 +147,9 @@ void ArchiveDownload::tell() {
         samples_.pop_front();
     }
     const auto& [since, receivedThen] = samples_.front();
-    const double seconds = static_cast<double>(now - since) / 1000;
+    const double seconds = std::chrono::duration<double>(now - since).count();
     const double speed = seconds > 0 ? static_cast<double>(received_ - receivedThen) / seconds : 0;
-    emit progressed({received_, length_, speed});
+    progress_({received_, length_, speed});
 }
 
-void ArchiveDownload::endAttempt(const std::optional<UpdateFailure>& failure) {
-    fetch_.release()->deleteLater(); // it is still telling
-    std::optional<UpdateFailure> end = failure;
-    if (!failure && received_ < length_) {
-        // An end before the end: the whole of a shorter archive, or a cut that nobody could see.
-        end = UpdateFailure{
-            isLengthTold_ ? UpdateProblem::wrongLength : UpdateProblem::connectionLost, {}};
-    }
-    if (!end) {
-        if (archive_.seal()) {
-            end = UpdateFailure{UpdateProblem::noMemory, {}};
-        }
-        finish(end);
-        return;
-    }
-    fruitlessAttempts_ = received_ > furthest_ ? 0 : fruitlessAttempts_ + 1;
-    furthest_ = std::max(furthest_, received_);
-    if (!isPassing(end->problem) || attempts_ > limits_.resumptions ||
-        fruitlessAttempts_ > limits_.fruitlessResumptions) {
-        finish(end);
-        return;
-    }
-    pause_.start(limits_.resumptionPause * (1 << std::min(fruitlessAttempts_, 6)));
-}
-
-void ArchiveDownload::finish(const std::optional<UpdateFailure>& failure) {
-    if (failure) {
-        archive_ = SealedFile();
-    }
-    emit finished(failure);
-}
-
-} // namespace platform
+} // namespace updates

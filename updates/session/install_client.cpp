@@ -1,4 +1,4 @@
-#include "platform/updates/session/install_client.hpp"
+#include "updates/session/install_client.hpp"
 
 #include "platform/system/sealed_file.hpp"
 
@@ -6,7 +6,7 @@
 
 #include <chrono>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using namespace std::chrono_literals;
@@ -14,47 +14,6 @@ using namespace std::chrono_literals;
 constexpr auto longestQuiet = 120s; // a disk may take its time over a large archive
 constexpr int farewell = 10'000;    // ms, for removing what was unpacked
 constexpr qint64 longestLine = 4096;
-
-UpdateProblem problemOf(InstallFault fault) {
-    switch (fault) {
-    case InstallFault::signatureMissing:
-        return UpdateProblem::signatureMissing;
-    case InstallFault::signatureMalformed:
-    case InstallFault::signatureWrong:
-        return UpdateProblem::signatureWrong;
-    case InstallFault::lengthDiffers:
-        return UpdateProblem::wrongLength;
-    case InstallFault::archiveUnreadable:
-        return UpdateProblem::archiveDamaged;
-    case InstallFault::archiveUnsafe:
-        return UpdateProblem::archiveUnsafe;
-    case InstallFault::archiveTooLarge:
-        return UpdateProblem::archiveTooLarge;
-    case InstallFault::otherProduct:
-        return UpdateProblem::otherProduct;
-    case InstallFault::otherPlatform:
-        return UpdateProblem::otherPlatform;
-    case InstallFault::otherVersion:
-        return UpdateProblem::otherVersion;
-    case InstallFault::notNewer:
-        return UpdateProblem::notNewer;
-    case InstallFault::alreadyInstalled:
-        return UpdateProblem::alreadyInstalled;
-    case InstallFault::busy:
-        return UpdateProblem::busy;
-    case InstallFault::noSpace:
-        return UpdateProblem::noSpace;
-    case InstallFault::noPermission:
-        return UpdateProblem::noPermission;
-    case InstallFault::readOnly:
-        return UpdateProblem::readOnly;
-    case InstallFault::inputOutput:
-        return UpdateProblem::inputOutput;
-    case InstallFault::cannotUpdate:
-        break;
-    }
-    return UpdateProblem::installerMissing;
-}
 
 } // namespace
 
@@ -87,7 +46,7 @@ InstallClient::~InstallClient() {
     }
 }
 
-void InstallClient::start(const InstallOrder& order, const SealedFile& archive) {
+void InstallClient::start(const InstallOrder& order, const platform::SealedFile& archive) {
     if (order.helper.empty()) {
         fail({UpdateProblem::installerMissing, {}});
         return;
@@ -108,8 +67,7 @@ void InstallClient::start(const InstallOrder& order, const SealedFile& archive) 
 }
 
 void InstallClient::install() {
-    const std::string_view command = installLine(InstallCommand::install);
-    helper_.write(QByteArray(command.data(), static_cast<qsizetype>(command.size())) + '\n');
+    helper_.write(QByteArray(installCommand.data(), installCommand.size()) + '\n');
     quiet_.start();
 }
 
@@ -136,8 +94,8 @@ void InstallClient::hear(const InstallMessage& message) {
         isOver_ = true;
         quiet_.stop();
         emit installed();
-    } else if (const auto* const refused = std::get_if<InstallRefused>(&message)) {
-        fail({problemOf(refused->fault), {}});
+    } else if (const auto* const refused = std::get_if<Refusal>(&message)) {
+        fail({refused->problem, {}});
     }
 }
 
@@ -149,4 +107,4 @@ void InstallClient::fail(const UpdateFailure& failure) {
     }
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/updates/install/install_protocol.hpp"
-#include "platform/updates/session/update_problem.hpp"
+#include "updates/install/install_protocol.hpp"
+#include "updates/session/update_problem.hpp"
 
 #include <QObject>
 #include <QProcess>
@@ -12,8 +12,10 @@
 #include <string>
 
 namespace platform {
-
 class SealedFile;
+}
+
+namespace updates {
 
 /// What is to be installed where.
 struct InstallOrder {
@@ -35,7 +37,7 @@ class InstallClient final : public QObject {
     ~InstallClient() override;
 
     /// Hands `archive`, which is sealed, over; it may be closed afterwards.
-    void start(const InstallOrder& order, const SealedFile& archive);
+    void start(const InstallOrder& order, const platform::SealedFile& archive);
     /// Once it is ready.
     void install();
 
@@ -43,7 +45,7 @@ class InstallClient final : public QObject {
     void unpacking(quint64 done, quint64 total); ///< bytes; 0 of 1 while the signature is verified
     void ready();
     void installed();
-    void failed(const platform::UpdateFailure& failure);
+    void failed(const updates::UpdateFailure& failure);
 
   private:
     void hear();
@@ -55,4 +57,4 @@ class InstallClient final : public QObject {
     bool isOver_ = false;
 };
 
-} // namespace platform
+} // namespace updates

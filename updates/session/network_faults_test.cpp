@@ -1,40 +1,27 @@
 #include "platform/testing/window_testing.hpp"
-#include "platform/updates/session/update_engine.hpp"
-#include "platform/updates/testing/https_server.hpp"
+#include "updates/session/update_engine.hpp"
+#include "updates/testing/session_testing.hpp"
+#include "updates/testing/test_key.hpp"
 
 #include <QSslSocket>
+#include <QTcpServer>
 #include <QTimer>
 
 #include <gmock/gmock.h>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using namespace std::chrono_literals;
 using testing::answering;
+using testing::certificates;
 using testing::dripping;
+using testing::hastyLimits;
 using testing::HttpsServer;
 using testing::redirecting;
-using testing::runUntil;
+using testing::runAside;
 using testing::sendHead;
 using testing::servingFile;
-
-const testing::CertificateFolder& certificates() {
-    static const testing::CertificateFolder folder;
-    return folder;
-}
-
-/// The product's bounds with shorter times.
-UpdateLimits hastyLimits() {
-    UpdateLimits limits;
-    limits.answerTime = 2500ms;
-    limits.stallTime = 600ms;
-    limits.documentTime = 1500ms;
-    limits.downloadTime = 4000ms;
-    limits.leastBytesPerSecond = 40'000;
-    limits.resumptionPause = 5ms;
-    return limits;
-}
 
 const QByteArray goodFeed = R"(<?xml version="1.0"?>
 <rss version="2.0" xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle"><channel>
@@ -58,6 +45,11 @@ UpdateHost olderHost() {
     return host;
 }
 
+/// What vouches for a feed, as a server hands it out.
+HttpsServer::Handler vouchingFor(const QByteArray& feed) {
+    return answering(QByteArray::fromStdString(testing::testStatement(feed.toStdString())));
+}
+
 /// What a check says, in a word that a table can hold.
 std::string wordOf(const CheckOutcome& outcome) {
     if (const auto* const item = std::get_if<AppcastItem>(&outcome.answer)) {
@@ -73,24 +65,37 @@ std::string wordOf(UpdateProblem problem) {
     return wordOf(CheckOutcome{UpdateFailure{problem, {}}, {}});
 }
 
+/// Writes a piece over and over for as long as somebody listens.
+void keepWriting(QTcpSocket& connection, const QByteArray& piece) {
+    auto* const timer = new QTimer(&connection);
+    QObject::connect(timer, &QTimer::timeout, &connection, [&connection, piece] {
+        if (connection.bytesToWrite() < 1 << 20) {
+            connection.write(piece);
+        }
+    });
+    timer->start(0);
+}
+
 class Checks : public ::testing::Test {
   protected:
     CheckOutcome check(const QUrl& feed, UpdateHost host = olderHost()) {
         UpdateIdentity identity;
         identity.feed = feed;
+        identity.publicKey = publicKey;
         identity.trustAnchors = trustAnchors;
         identity.builtAt = builtAt;
-        UpdateEngine engine(identity, hastyLimits(), [] { return Installation(); });
+        UpdateEngine engine(identity, limits, [] { return Installation(); });
         std::vector<EngineEvent> events;
         QObject::connect(&engine, &UpdateEngine::happened,
                          [&](quint64, const EngineEvent& event) { events.push_back(event); });
-        engine.check(1, host, Asking::user);
-        EXPECT_TRUE(runUntil([&] { return !events.empty(); }, 15'000));
-        testing::runFor(20);
+        engine.want(1);
+        runAside([&] { engine.check(1, host, Asking::user); });
         EXPECT_EQ(events.size(), 1U);
         return events.empty() ? CheckOutcome{} : std::get<CheckOutcome>(events.front());
     }
 
+    std::string publicKey = testing::publicTestKey;
+    UpdateLimits limits = hastyLimits();
     QByteArray trustAnchors = certificates().authority();
     std::chrono::system_clock::time_point builtAt{};
     HttpsServer server{certificates().issue("good")};
@@ -109,22 +114,35 @@ TEST_F(Checks, EndInAnAnswerWhateverTheServerDoes) {
             connection.disconnectFromHost();
         };
     };
+    const auto endless = [](QByteArray piece) {
+        return [piece](QSslSocket& connection, const auto&) {
+            connection.write("HTTP/1.1 200 OK\r\nX: ");
+            keepWriting(connection, piece.repeated(1000));
+        };
+    };
     const struct {
         const char* what;
         HttpsServer::Handler handler;
         std::string outcome;
+        QByteArray vouchedFor = goodFeed;
     } cases[] = {
         {"a feed", answering(goodFeed, "application/rss+xml"), "offer 2.0"},
         {"a feed by a strange name", answering(goodFeed, "text/plain"), "offer 2.0"},
-        {"no channel item", answering("<rss><channel/></rss>", "text/xml"), "nothing suitable"},
+        {"no channel item", answering("<rss><channel/></rss>", "text/xml"), "nothing suitable",
+         "<rss><channel/></rss>"},
         {"a portal", answering(portal, "text/html"), wordOf(UpdateProblem::signInFirst)},
         {"a portal in disguise", answering(portal, "application/rss+xml"),
          wordOf(UpdateProblem::signInFirst)},
         {"the portal's status", status(511), wordOf(UpdateProblem::signInFirst)},
-        {"an entity bomb", answering(bomb), wordOf(UpdateProblem::feedForbidden)},
-        {"deep nesting", answering(nested(100'000)), wordOf(UpdateProblem::feedForbidden)},
-        {"half a feed", answering(goodFeed.left(200)), wordOf(UpdateProblem::feedUnreadable)},
-        {"nothing", answering(""), wordOf(UpdateProblem::feedUnreadable)},
+        {"an entity bomb", answering(bomb), wordOf(UpdateProblem::feedForbidden), bomb},
+        {"deep nesting", answering(nested(100'000)), wordOf(UpdateProblem::feedForbidden),
+         nested(100'000)},
+        {"an entity bomb that nobody vouches for", answering(bomb),
+         wordOf(UpdateProblem::feedNotSigned)},
+        {"half a feed", answering(goodFeed.left(200)), wordOf(UpdateProblem::feedNotSigned)},
+        {"half a feed that is signed", answering(goodFeed.left(200)),
+         wordOf(UpdateProblem::feedUnreadable), goodFeed.left(200)},
+        {"nothing", answering(""), wordOf(UpdateProblem::feedNotSigned)},
         {"more than a mebibyte", answering(goodFeed + QByteArray(1 << 20, ' ')),
          wordOf(UpdateProblem::feedTooLarge)},
         {"endless feed", dripping({}, QByteArray(32 << 10, ' '), 1),
@@ -151,12 +169,67 @@ TEST_F(Checks, EndInAnAnswerWhateverTheServerDoes) {
          wordOf(UpdateProblem::insecureAddress)},
         {"a redirect to itself", redirecting("/feed"), wordOf(UpdateProblem::tooManyRedirects)},
         {"a redirect to a feed", redirecting("/other", 308), "offer 2.0"},
+        {"headers without an end", endless("X: 12345678901234567890\r\n"),
+         wordOf(UpdateProblem::feedTooLarge)},
+        {"a header without an end", endless("12345678901234567890"),
+         wordOf(UpdateProblem::feedTooLarge)},
     };
     server.handle("/other", answering(goodFeed));
-    for (const auto& [what, handler, outcome] : cases) {
+    for (const auto& [what, handler, outcome, vouchedFor] : cases) {
         server.handle("/feed", handler);
+        server.handle("/feed.sig", vouchingFor(vouchedFor));
         EXPECT_EQ(wordOf(check(server.url("/feed"))), outcome) << what;
     }
+}
+
+TEST_F(Checks, BelieveOnlyWhatTheMakerVouchesFor) {
+    const auto statement = [](std::uint64_t serial) {
+        return answering(
+            QByteArray::fromStdString(testing::testStatement(goodFeed.toStdString(), serial)));
+    };
+    const std::string notSigned = wordOf(UpdateProblem::feedNotSigned);
+    const auto gone = [](QSslSocket& connection, const auto&) {
+        sendHead(connection, 404, {"Content-Length: 0"});
+        connection.disconnectFromHost();
+    };
+    constexpr auto years = 24h * 366;
+    const auto now = std::chrono::system_clock::now();
+    const struct {
+        const char* what;
+        HttpsServer::Handler statement;
+        std::string outcome;
+        std::chrono::system_clock::time_point clock;
+        std::chrono::system_clock::time_point built = {};
+        std::uint64_t lastSerial = 41;
+    } cases[] = {
+        {"the next one", statement(42), "offer 2.0", now},
+        {"the last one again", statement(41), "offer 2.0", now},
+        {"an older one", statement(40), wordOf(UpdateProblem::feedSuperseded), now},
+        {"an expired one", statement(42), wordOf(UpdateProblem::feedExpired), now + 21 * years},
+        {"one that had expired before the program was built", statement(42),
+         wordOf(UpdateProblem::feedExpired), now, now + 21 * years},
+        {"no statement", gone, notSigned, now},
+        {"another feed's", vouchingFor("<rss/>"), notSigned, now},
+        {"a long one", answering(QByteArray(10'000, 'x')), notSigned, now},
+        {"an endless one", dripping({}, QByteArray(4096, ' '), 1), notSigned, now},
+        {"one over no connection", redirecting("http://127.0.0.1/feed.sig"),
+         wordOf(UpdateProblem::insecureAddress), now},
+    };
+    server.handle("/feed", answering(goodFeed));
+    for (const auto& [what, handler, outcome, clock, built, lastSerial] : cases) {
+        server.handle("/feed.sig", handler);
+        builtAt = built;
+        UpdateHost host = olderHost();
+        host.feedSerial = lastSerial;
+        host.now = clock;
+        const CheckOutcome said = check(server.url("/feed"), host);
+        EXPECT_EQ(wordOf(said), outcome) << what;
+        EXPECT_EQ(said.feedSerial > 0, outcome == "offer 2.0") << what;
+    }
+    publicKey.clear();
+    const auto asked = server.requests().size();
+    EXPECT_EQ(wordOf(check(server.url("/feed"))), wordOf(UpdateProblem::noKey));
+    EXPECT_EQ(server.requests().size(), asked);
 }
 
 TEST_F(Checks, FollowFiveRedirectsAndNotASixth) {
@@ -164,6 +237,7 @@ TEST_F(Checks, FollowFiveRedirectsAndNotASixth) {
         server.handle(QString("/%1").arg(i), redirecting('/' + QByteArray::number(i - 1)));
     }
     server.handle("/0", answering(goodFeed));
+    server.handle("/5.sig", vouchingFor(goodFeed));
     EXPECT_EQ(wordOf(check(server.url("/5"))), "offer 2.0");
     const auto asked = server.requests().size();
     EXPECT_EQ(wordOf(check(server.url("/6"))), wordOf(UpdateProblem::tooManyRedirects));
@@ -214,179 +288,68 @@ TEST_F(Checks, TrustOnlyTheRightServerAtTheRightTime) {
     EXPECT_EQ(wordOf(check(server.url("/feed"))), wordOf(UpdateProblem::certificateUntrusted));
     trustAnchors = certificates().authority();
     QUrl otherName = server.url("/feed");
-    otherName.setHost("127.0.0.2"); // not in the certificate; nobody listens there either
-    EXPECT_EQ(wordOf(check(otherName)), wordOf(UpdateProblem::noAnswer));
+    otherName.setHost("other.localhost"); // this machine, and not in the certificate
+    EXPECT_EQ(wordOf(check(otherName)), wordOf(UpdateProblem::certificateUntrusted));
     EXPECT_EQ(wordOf(check(QUrl("https://nobody.invalid/feed"))), wordOf(UpdateProblem::offline));
     EXPECT_TRUE(server.requests().isEmpty());
 }
 
-class Downloads : public ::testing::Test {
-  protected:
-    struct Result {
-        std::optional<UpdateFailure> failure;
-        QByteArray archive;
-        bool isSealed = false;
-        std::vector<DownloadProgress> progress;
-    };
-
-    Downloads() {
-        client_.network = &network_;
-        client_.now = std::chrono::system_clock::now();
-        client_.trustAnchors = QSslCertificate::fromData(certificates().authority());
-        for (int i = 0; i < 40'000; ++i) {
-            body.append(static_cast<char>((i * 7919) >> 5));
-        }
-    }
-
-    Result download(const QUrl& url, std::uint64_t length) {
-        ArchiveDownload download(client_, limits);
-        Result result;
-        bool isFinished = false;
-        QObject::connect(&download, &ArchiveDownload::progressed,
-                         [&](const auto& progress) { result.progress.push_back(progress); });
-        QObject::connect(&download, &ArchiveDownload::finished, [&](const auto& failure) {
-            result.failure = failure;
-            isFinished = true;
-        });
-        download.start(url, length);
-        EXPECT_TRUE(runUntil([&] { return isFinished; }, 30'000));
-        SealedFile archive = download.takeArchive();
-        result.isSealed = archive.isSealed();
-        std::error_code error;
-        const auto bytes = archive.map(error);
-        result.archive = QByteArray(reinterpret_cast<const char*>(bytes.data()),
-                                    static_cast<qsizetype>(bytes.size()));
-        for (const auto& progress : result.progress) {
-            EXPECT_LE(progress.received, length);
-            EXPECT_EQ(progress.length, length);
-        }
-        return result;
-    }
-
-    std::uint64_t size() const { return static_cast<std::uint64_t>(body.size()); }
-
-    QByteArray body;
-    UpdateLimits limits = hastyLimits();
-    HttpsServer server{certificates().issue("good")};
-
-  private:
-    QNetworkAccessManager network_;
-    HttpsClient client_;
-};
-
-TEST_F(Downloads, GoOnWhereTheyWereCut) {
-    // At every tenth, at once, and at odd places.
-    for (const qint64 piece : {4000, 39'999, 1, 12'345}) {
-        limits.resumptions = piece == 1 ? 5 : 100;
-        server.handle("/archive", servingFile(body, piece));
-        const auto before = server.requests().size();
-        const Result result = download(server.url("/archive"), size());
-        if (piece == 1) { // it would, but not for ever
-            EXPECT_EQ(result.failure, (UpdateFailure{UpdateProblem::connectionLost, {}}));
-            EXPECT_EQ(server.requests().size() - before, 6);
-            continue;
-        }
-        EXPECT_EQ(result.failure, std::nullopt) << piece;
-        EXPECT_EQ(result.archive, body) << piece;
-        EXPECT_TRUE(result.isSealed);
-        const auto requests = server.requests().mid(before);
-        EXPECT_EQ(requests.size(), (body.size() + piece - 1) / piece);
-        EXPECT_FALSE(requests[0].headers.contains("range"));
-        EXPECT_EQ(requests[1].headers["range"], "bytes=" + QByteArray::number(piece) + '-');
-        EXPECT_EQ(result.progress.back().received, size());
+TEST_F(Checks, TellNobodyWhoAsks) {
+    QUrl named = server.url("/other");
+    named.setUserInfo("somebody:secret");
+    server.handle("/feed", redirecting(named.toEncoded()));
+    server.handle("/feed.sig", vouchingFor(goodFeed));
+    server.handle("/other", answering(goodFeed));
+    EXPECT_EQ(wordOf(check(server.url("/feed"))), "offer 2.0");
+    for (const auto& request : server.requests()) {
+        EXPECT_EQ(request.headers.keys().join(' ').toStdString(),
+                  "accept accept-encoding accept-language cache-control host user-agent");
+        EXPECT_EQ(request.headers["accept-language"], "*");
     }
 }
 
-TEST_F(Downloads, BeginAnewWhereTheyCannotGoOn) {
-    int times = 0;
-    const QByteArray other(body.size(), 'o');
-    const auto cutOnce = [&](const HttpsServer::Handler& first, const HttpsServer::Handler& then) {
-        times = 0;
-        server.handle("/archive", [&times, first, then](auto& connection, const auto& request) {
-            (times++ == 0 ? first : then)(connection, request);
-        });
-    };
-    // Another archive by now: what is there of the old one is thrown away.
-    cutOnce(servingFile(body, 10'000, "\"v1\""), servingFile(other, -1, "\"v2\""));
-    EXPECT_EQ(download(server.url("/archive"), size()).archive, other);
-    EXPECT_EQ(times, 2);
-    // A server that names no version of what it sends, and one that knows no parts.
-    cutOnce(servingFile(body, 10'000, "W/\"weak\""), servingFile(body, -1, "W/\"weak\""));
-    EXPECT_EQ(download(server.url("/archive"), size()).archive, body);
-    cutOnce(servingFile(body, 10'000), answering(body));
-    EXPECT_EQ(download(server.url("/archive"), size()).archive, body);
-    // One that goes on at the wrong place is not believed.
-    const auto wrongPart = [&](QSslSocket& connection, const auto&) {
-        sendHead(
-            connection, 206,
-            {"Content-Range: bytes 5000-39999/40000", "Content-Length: 35000", "ETag: \"v1\""});
-        connection.write(body.mid(5000));
-        connection.disconnectFromHost();
-    };
-    cutOnce(servingFile(body, 10'000), wrongPart);
-    EXPECT_EQ(download(server.url("/archive"), size()).failure->problem,
-              UpdateProblem::serverError);
+TEST_F(Checks, WaitForAnAnswerNoLongerThanTheyShould) {
+    server.handle("/feed", [](QSslSocket&, const auto&) {});
+    limits.answerTime = 300ms;
+    limits.documentTime = 60s;
+    EXPECT_EQ(wordOf(check(server.url("/feed"))), wordOf(UpdateProblem::noAnswer));
 }
 
-TEST_F(Downloads, AreBoundedAndKeepNothing) {
-    const QByteArray length = "Content-Length: " + QByteArray::number(body.size());
+TEST_F(Checks, EndInAnAnswerWhateverAProxyDoes) {
     const struct {
         const char* what;
-        HttpsServer::Handler handler;
+        const char* answer;
+        const char* more; // without an end
         UpdateProblem problem;
     } cases[] = {
-        {"longer", answering(body + "x"), UpdateProblem::wrongLength},
-        {"shorter", answering(body.chopped(1)), UpdateProblem::wrongLength},
-        {"empty", answering(""), UpdateProblem::wrongLength},
-        {"endless", dripping({}, body, 1), UpdateProblem::wrongLength},
-        {"shorter without saying so",
-         [&](QSslSocket& connection, const auto&) {
-             sendHead(connection, 200, {});
-             connection.write(body.chopped(1));
-             connection.disconnectFromHost();
-         },
-         UpdateProblem::connectionLost},
-        {"a slow drip", dripping({length}, "x", 150), UpdateProblem::tooSlow},
-        {"a stall", dripping({length}, "", 1000), UpdateProblem::tooSlow},
-        {"a portal", answering(body, "text/html; charset=utf-8"), UpdateProblem::signInFirst},
-        {"gone", {}, UpdateProblem::notOnServer},
-        {"to http", redirecting("http://127.0.0.1/archive"), UpdateProblem::insecureAddress},
-        {"compressed on the way",
-         answering(body.chopped(100), "application/zstd", {"Content-Encoding: gzip"}),
-         UpdateProblem::wrongLength},
-        {"always cut at the start", servingFile(body, 0), UpdateProblem::connectionLost},
+        {"refuses", "HTTP/1.1 407 No\r\nContent-Length: 0\r\n\r\n", "",
+         UpdateProblem::proxyRefused},
+        {"headers without an end", "HTTP/1.1 200 OK\r\n", "X: 1234567890\r\n",
+         UpdateProblem::proxyRefused},
+        {"a header without an end", "HTTP/1.1 200 OK\r\nX: ", "1234567890",
+         UpdateProblem::noAnswer},
+        {"a refusal without an end", "HTTP/1.1 403 No\r\n\r\n", "1234567890",
+         UpdateProblem::proxyRefused},
+        {"listens in", "HTTP/1.1 200 OK\r\n\r\n", "1234567890",
+         UpdateProblem::certificateUntrusted},
     };
-    for (const auto& [what, handler, problem] : cases) {
-        if (handler) {
-            server.handle("/archive", handler);
-        }
-        const Result result = download(server.url(handler ? "/archive" : "/gone"), size());
-        ASSERT_TRUE(result.failure.has_value()) << what;
-        EXPECT_EQ(wordOf(result.failure->problem), wordOf(problem)) << what;
-        EXPECT_TRUE(result.archive.isEmpty()) << what;
-        EXPECT_FALSE(result.isSealed) << what;
+    QTcpServer proxy;
+    ASSERT_TRUE(proxy.listen(QHostAddress::LocalHost));
+    qputenv("https_proxy", "http://127.0.0.1:" + QByteArray::number(proxy.serverPort()));
+    for (const auto& [what, answer, more, problem] : cases) {
+        QObject::connect(&proxy, &QTcpServer::newConnection, [&proxy, answer, more] {
+            auto* const connection = proxy.nextPendingConnection();
+            QObject::connect(connection, &QTcpSocket::disconnected, connection,
+                             &QObject::deleteLater);
+            connection->write(answer);
+            keepWriting(*connection, QByteArray(more).repeated(1000));
+        });
+        EXPECT_EQ(wordOf(check(QUrl("https://updates.invalid/feed"))), wordOf(problem)) << what;
+        proxy.disconnect();
     }
-    EXPECT_EQ(download(server.url("/archive"), (1ULL << 30U) + 1).failure->problem,
-              UpdateProblem::archiveTooLarge);
-}
-
-TEST_F(Downloads, EndWithTheirOwner) {
-    server.handle("/archive", dripping({"Content-Length: 40000"}, "xxxx", 1));
-    HttpsClient client;
-    QNetworkAccessManager network;
-    client.network = &network;
-    client.trustAnchors = QSslCertificate::fromData(certificates().authority());
-    bool hasStarted = false;
-    {
-        ArchiveDownload download(client, limits);
-        QObject::connect(&download, &ArchiveDownload::progressed, [&] { hasStarted = true; });
-        QObject::connect(&download, &ArchiveDownload::finished, [] { FAIL() << "not a word"; });
-        download.start(server.url("/archive"), size());
-        ASSERT_TRUE(runUntil([&] { return hasStarted; }));
-    }
-    testing::runFor(200);
-    EXPECT_EQ(server.requests().size(), 1);
+    qunsetenv("https_proxy");
+    EXPECT_TRUE(server.requests().isEmpty());
 }
 
 } // namespace
-} // namespace platform
+} // namespace updates

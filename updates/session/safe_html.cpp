@@ -1,4 +1,4 @@
-#include "platform/updates/session/safe_html.hpp"
+#include "updates/session/safe_html.hpp"
 
 #include <algorithm>
 #include <array>
@@ -8,16 +8,26 @@
 #include <utility>
 #include <vector>
 
-namespace platform {
+namespace updates {
 namespace {
 
-constexpr std::size_t longestInput = 256U << 10U;
-constexpr std::size_t greatestDepth = 32;
+constexpr std::size_t longestInput = 256U << 10U; // bytes, of which most may be markup
+constexpr std::size_t longestText = 8U << 10U;    // bytes
+constexpr std::size_t mostElements = 600;
+constexpr std::size_t mostLines = 300;
+constexpr std::size_t greatestDepth = 8; // lists are laid out anew for each list around them
+constexpr std::size_t longestWord = 64;  // characters; longer ones may be broken anywhere
+constexpr std::string_view wordBreak = "\xe2\x80\x8b"; // U+200B
 constexpr std::size_t longestAddress = 2048;
+constexpr std::size_t longestReference = 12; // to a character, such as "&#x0041;"
+constexpr std::size_t mostScripts = 2; // beside Latin, Greek, Cyrillic: each has a typeface to load
 
 constexpr std::array<std::string_view, 26> shown{
     "a",  "b",  "blockquote", "br", "code", "dd", "dl", "dt",  "em", "h1",     "h2",  "h3",  "h4",
     "h5", "h6", "hr",         "i",  "li",   "ol", "p",  "pre", "s",  "strong", "sub", "sup", "ul"};
+/// What does not begin a line of its own.
+constexpr std::array<std::string_view, 9> withinLines{"a", "b",      "code", "em", "i",
+                                                      "s", "strong", "sub",  "sup"};
 constexpr std::array<std::string_view, 2> single{"br", "hr"};
 /// What is inside of these is not text.
 constexpr std::array<std::string_view, 15> silent{
@@ -35,6 +45,10 @@ bool isSpace(char c) {
 
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool isAlphanumeric(char c) {
+    return isLetter(c) || (c >= '0' && c <= '9');
 }
 
 char lower(char c) {
@@ -66,6 +80,26 @@ void appendEscaped(std::string& to, char c) {
     }
 }
 
+struct Reference {
+    std::string_view name;
+    char character;
+};
+constexpr Reference references[] = {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}};
+
+/// The character that "#65" or "#x41" stands for.
+std::optional<std::uint32_t> numberOf(std::string_view name) {
+    if (!name.starts_with('#')) {
+        return std::nullopt;
+    }
+    const bool isHex = name.starts_with("#x") || name.starts_with("#X");
+    const std::string_view digits = name.substr(isHex ? 2 : 1);
+    std::uint32_t code = 0;
+    const auto [rest, fault] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
+    return fault == std::errc() && rest == digits.data() + digits.size() ? std::optional(code)
+                                                                         : std::nullopt;
+}
+
 /// The characters that an address may hide behind references to them; others make it invalid.
 std::optional<std::string> decoded(std::string_view text) {
     std::string result;
@@ -74,34 +108,96 @@ std::optional<std::string> decoded(std::string_view text) {
             result += text[i++];
             continue;
         }
-        const std::size_t end = text.find(';', i);
-        if (end == std::string_view::npos) {
+        const std::string_view ahead = text.substr(i + 1, longestReference);
+        const std::size_t length = ahead.find(';');
+        if (length == std::string_view::npos) {
             result += text[i++];
             continue;
         }
-        const std::string_view name = text.substr(i + 1, end - i - 1);
-        if (name == "amp") {
-            result += '&';
+        const std::string_view name = ahead.substr(0, length);
+        const auto named = std::ranges::find(references, name, &Reference::name);
+        if (named != std::end(references)) {
+            result += named->character;
         } else if (name.starts_with('#')) {
-            const bool isHex = name.starts_with("#x") || name.starts_with("#X");
-            const std::string_view digits = name.substr(isHex ? 2 : 1);
-            std::uint32_t code = 0;
-            const auto [rest, fault] = std::from_chars(digits.data(), digits.data() + digits.size(),
-                                                       code, isHex ? 16 : 10);
-            if (fault != std::errc() || rest != digits.data() + digits.size() || code < 0x21 ||
-                code > 0x7e) {
+            const auto code = numberOf(name);
+            if (!code || *code < 0x21 || *code > 0x7e) {
                 return std::nullopt;
             }
-            result += static_cast<char>(code);
+            result += static_cast<char>(*code);
         } else {
             // "&name;" as the parameters of an address have it without being escaped.
             result += '&';
             ++i;
             continue;
         }
-        i = end + 1;
+        i += name.size() + 2;
     }
     return result;
+}
+
+/// A character, and of how many bytes it is; 0 where a text begins with none.
+struct Character {
+    std::uint32_t code = 0;
+    std::size_t length = 0;
+};
+
+Character characterOf(std::string_view text) {
+    const auto byte = [text](std::size_t i) -> std::uint32_t {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
+    };
+    const std::uint32_t first = byte(0);
+    const std::size_t length = first < 0x80    ? 1
+                               : first >= 0xf0 ? 4
+                               : first >= 0xe0 ? 3
+                               : first >= 0xc2 ? 2
+                                               : 0;
+    std::uint32_t code = length < 2 ? first : first & (0x7fU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        if (byte(i) >> 6U != 0b10) {
+            return {};
+        }
+        code = (code << 6U) | (byte(i) & 0x3f);
+    }
+    constexpr std::uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+    return code < least[length] ? Character() : Character{code, length};
+}
+
+std::string utf8Of(std::uint32_t code) {
+    const auto tail = [code](unsigned shift) {
+        return static_cast<char>(0x80U | ((code >> shift) & 0x3fU));
+    };
+    if (code < 0x80) {
+        return {static_cast<char>(code)};
+    }
+    if (code < 0x800) {
+        return {static_cast<char>(0xc0U | (code >> 6U)), tail(0)};
+    }
+    if (code < 0x10000) {
+        return {static_cast<char>(0xe0U | (code >> 12U)), tail(6), tail(0)};
+    }
+    return {static_cast<char>(0xf0U | (code >> 18U)), tail(12), tail(6), tail(0)};
+}
+
+/// Whether a character is one, and does not hide or turn what is around it.
+bool isShown(std::uint32_t code) {
+    return code < 0x80
+               ? (code >= 0x20 && code != 0x7f) || (code > 0 && isSpace(static_cast<char>(code)))
+               : code >= 0xa0 && code <= 0x10ffff && (code < 0xd800 || code >= 0xe000) &&
+                     (code < 0x202a || code > 0x202e) && (code < 0x2066 || code > 0x2069) &&
+                     code != 0xfffc && code != 0xfeff;
+}
+
+/// Which typeface a character takes, roughly; 0 for what every one has.
+std::uint32_t scriptOf(std::uint32_t code) {
+    constexpr std::uint32_t eastAsian = 1;
+    if (code < 0x530 || (code >= 0x1e00 && code < 0x2100)) {
+        return 0;
+    }
+    const bool isEastAsian =
+        (code >= 0x2e80 && code < 0xa000) || (code >= 0xac00 && code < 0xd800) ||
+        (code >= 0xf900 && code < 0xfb00) || (code >= 0xfe30 && code < 0xfe50) ||
+        (code >= 0xff00 && code < 0xfff0) || (code >= 0x20000 && code < 0x32000);
+    return isEastAsian ? eastAsian : code < 0x2e80 ? code >> 7U : code >> 11U;
 }
 
 /// An address that may be opened, escaped; nothing when it may not.
@@ -112,7 +208,7 @@ std::optional<std::string> safeAddress(std::string_view text) {
     while (!text.empty() && isSpace(text.back())) {
         text.remove_suffix(1);
     }
-    const auto address = decoded(text);
+    const auto address = decoded(text.substr(0, longestAddress * longestReference));
     if (!address || address->size() > longestAddress) {
         return std::nullopt;
     }
@@ -123,7 +219,7 @@ std::optional<std::string> safeAddress(std::string_view text) {
     }
     std::string result;
     for (const char c : *address) {
-        if (static_cast<unsigned char>(c) <= 0x20 || c == 0x7f) {
+        if (const auto byte = static_cast<unsigned char>(c); byte <= 0x20 || byte >= 0x7f) {
             return std::nullopt;
         }
         appendEscaped(result, c);
@@ -139,10 +235,11 @@ struct Tag {
 
 class Sanitizer {
   public:
-    explicit Sanitizer(std::string_view html) : html_(html.substr(0, longestInput)) {}
+    explicit Sanitizer(std::string_view html)
+        : html_(html.substr(0, longestInput)), isCut_(html.size() > longestInput) {}
 
-    std::string run() {
-        while (at_ < html_.size()) {
+    SafeHtml run() {
+        while (at_ < html_.size() && !isFull()) {
             if (html_[at_] != '<') {
                 text();
             } else if (html_.substr(at_).starts_with("<!--")) {
@@ -153,16 +250,54 @@ class Sanitizer {
                 take(readTag());
             } else {
                 result_ += "&lt;";
+                ++text_;
                 ++at_;
             }
         }
-        while (!open_.empty()) {
-            close();
+        return end();
+    }
+
+    /// The same for plain text.
+    SafeHtml runAsText() {
+        open("p");
+        while (at_ < html_.size() && !isFull()) {
+            const char c = html_[at_];
+            if (c == '\n' || c == '<' || c == '&') {
+                c == '\n' ? breakLine() : appendEscaped(result_, c);
+                ++text_;
+                ++at_;
+            } else {
+                character();
+            }
         }
-        return std::move(result_);
+        return end();
     }
 
   private:
+    [[nodiscard]] bool isFull() const {
+        return text_ >= longestText || elements_ >= mostElements || lines_ >= mostLines;
+    }
+
+    SafeHtml end() {
+        while (!open_.empty()) {
+            close();
+        }
+        return {std::move(result_), isCut_ || at_ < html_.size()};
+    }
+
+    void open(const std::string& name, const std::string& attributes = {}) {
+        ++elements_;
+        lines_ += isOneOf(withinLines, name) ? 0 : 1;
+        result_ += '<' + name + attributes + '>';
+        open_.push_back(name);
+    }
+
+    void breakLine(const std::string& name = "br") {
+        ++elements_;
+        ++lines_;
+        result_ += '<' + name + "/>";
+    }
+
     [[nodiscard]] char peek(std::size_t ahead) const {
         return at_ + ahead < html_.size() ? html_[at_ + ahead] : '\0';
     }
@@ -173,14 +308,68 @@ class Sanitizer {
     }
 
     void text() {
-        for (; at_ < html_.size() && html_[at_] != '<'; ++at_) {
-            const char c = html_[at_];
-            if (c == '>' || c == '"') {
-                appendEscaped(result_, c);
-            } else if (static_cast<unsigned char>(c) >= 0x20 || isSpace(c)) {
-                result_ += c; // references to characters stay as they are
-            }
+        while (at_ < html_.size() && html_[at_] != '<' && !isFull()) {
+            lines_ += html_[at_] == '\n' && !open_.empty() && open_.back() == "pre" ? 1 : 0;
+            character();
         }
+    }
+
+    /// Takes one. A number that stands for one is replaced by it; a name stays as it is, and any
+    /// other "&" is escaped, so that nothing becomes a reference that was none.
+    void character() {
+        const std::string_view rest = html_.substr(at_);
+        if (rest[0] == '&') {
+            const std::string_view ahead = rest.substr(1, longestReference);
+            const std::string_view name = ahead.substr(0, ahead.find(';'));
+            const bool isReference = name.size() < ahead.size();
+            at_ += isReference ? name.size() + 2 : 1;
+            if (const auto code = isReference ? numberOf(name) : std::nullopt) {
+                put(*code);
+            } else if (isReference && !name.empty() && std::ranges::all_of(name, isAlphanumeric)) {
+                put("&" + std::string(name) + ';');
+            } else {
+                put('&');
+                at_ = html_.size() - rest.size() + 1;
+            }
+            return;
+        }
+        const Character one = characterOf(rest);
+        at_ += std::max<std::size_t>(one.length, 1);
+        if (one.length > 0) {
+            put(one.code);
+        }
+    }
+
+    void put(std::uint32_t code) {
+        if (!isShown(code)) {
+            return;
+        }
+        if (const std::uint32_t script = scriptOf(code);
+            script != 0 && std::ranges::find(scripts_, script) == scripts_.end()) {
+            if (scripts_.size() == mostScripts) {
+                isCut_ = true;
+                return;
+            }
+            scripts_.push_back(script);
+        }
+        std::string one;
+        if (code < 0x80) {
+            appendEscaped(one, static_cast<char>(code));
+        } else {
+            one = utf8Of(code);
+        }
+        put(one);
+    }
+
+    /// One character as it is written.
+    void put(const std::string& one) {
+        word_ = one == wordBreak || isSpace(one[0]) ? 0 : word_ + 1;
+        if (word_ > longestWord) {
+            result_ += wordBreak;
+            word_ = 1;
+        }
+        result_ += one;
+        text_ += one.size();
     }
 
     Tag readTag() {
@@ -258,19 +447,14 @@ class Sanitizer {
             // Its text is shown, in a place of its own where it was a block.
             if (tag.name == "div" || tag.name == "tr" || tag.name == "section" ||
                 tag.name == "article") {
-                result_ += "<br/>";
+                breakLine();
             }
         } else if (isOneOf(single, tag.name)) {
-            result_ += '<' + tag.name + "/>";
+            breakLine(tag.name);
         } else if (tag.isEnd) {
             closeUpTo(tag.name);
         } else if (open_.size() < greatestDepth && (tag.name != "a" || tag.address)) {
-            result_ += '<' + tag.name;
-            if (tag.address) {
-                result_ += " href=\"" + *tag.address + '"';
-            }
-            result_ += '>';
-            open_.push_back(tag.name);
+            open(tag.name, tag.address ? " href=\"" + *tag.address + '"' : std::string());
         }
     }
 
@@ -308,27 +492,25 @@ class Sanitizer {
     }
 
     std::string_view html_;
+    bool isCut_;
     std::size_t at_ = 0;
     std::string result_;
     std::vector<std::string> open_;
+    std::vector<std::uint32_t> scripts_;
+    std::size_t text_ = 0; // bytes
+    std::size_t word_ = 0; // characters since it could last be broken
+    std::size_t elements_ = 0;
+    std::size_t lines_ = 0;
 };
 
 } // namespace
 
-std::string safeHtml(std::string_view html) {
+SafeHtml safeHtml(std::string_view html) {
     return Sanitizer(html).run();
 }
 
-std::string htmlOfText(std::string_view text) {
-    std::string result = "<p>";
-    for (const char c : text.substr(0, longestInput)) {
-        if (c == '\n') {
-            result += "<br/>";
-        } else if (static_cast<unsigned char>(c) >= 0x20 || c == '\t') {
-            appendEscaped(result, c);
-        }
-    }
-    return result + "</p>";
+SafeHtml htmlOfText(std::string_view text) {
+    return Sanitizer(text).runAsText();
 }
 
-} // namespace platform
+} // namespace updates

@@ -1,11 +1,11 @@
-#include "platform/updates/session/safe_html.hpp"
+#include "updates/session/safe_html.hpp"
 
 #include <gmock/gmock.h>
 
 #include <random>
 #include <regex>
 
-namespace platform {
+namespace updates {
 namespace {
 
 TEST(SafeHtml, KeepsTextAndDropsWhatActsOrLoads) {
@@ -13,7 +13,8 @@ TEST(SafeHtml, KeepsTextAndDropsWhatActsOrLoads) {
         std::string_view from;
         std::string_view to;
     } cases[] = {
-        {"plain & <b>bold</b> &amp; &lt;x&gt;", "plain & <b>bold</b> &amp; &lt;x&gt;"},
+        {"plain & <b>bold</b> &amp; &lt;x&gt;", "plain &amp; <b>bold</b> &amp; &lt;x&gt;"},
+        {"&\x01#x202e;&\xff#60;", "&amp;#x202e;&amp;#60;"}, // none may come into being
         {"<H1 style=\"x\" onclick='evil()'>A</h1>", "<h1>A</h1>"},
         {"a<br>b<hr/>", "a<br/>b<hr/>"},
         {"<script>evil()</script>a<style>b{}</style>", "a"},
@@ -49,24 +50,63 @@ TEST(SafeHtml, KeepsTextAndDropsWhatActsOrLoads) {
         {"\x01\x02"
          "a",
          "a"},
+        {"\xc3\xa4\xe2\x82\xac\xf0\x9f\x8e\xb5", "\xc3\xa4\xe2\x82\xac\xf0\x9f\x8e\xb5"},
+        {"a\xff\xc3(\xe2\x82\xed\xa0\x80\xc0\xafz", "a(z"},
+        {"1\xe2\x80\xae"
+         "2\xe2\x81\xa6"
+         "3",
+         "123"}, // turned around
+        {"<a href=\"https://b\xc3\xa4.example\">x</a>", "x"},
+        // Numbers are looked at like what they stand for.
+        {"&#x202e;a&#60;b&#x26;lt;&#228;&#0;&#xd800;&#1114112;&#65",
+         "a&lt;b&amp;lt;\xc3\xa4&amp;#65"},
+        // Two scripts beside Latin, Greek and Cyrillic; Chinese and Japanese count as one.
+        {"A\u0394\u042f \u6f22\u3072 \u05d0 \u0905\u05d1&#x905;",
+         "A\u0394\u042f \u6f22\u3072 \u05d0 \u05d1"},
     };
     for (const auto& [from, to] : cases) {
-        EXPECT_EQ(safeHtml(from), to) << from;
+        EXPECT_EQ(safeHtml(from).html, to) << from;
     }
-    EXPECT_EQ(htmlOfText("a<b>\n\"c\" & d\r\n"),
-              "<p>a&lt;b&gt;<br/>&quot;c&quot; &amp; d<br/></p>");
+    EXPECT_EQ(htmlOfText("a<b>\n\"c\" & d\r\n").html,
+              "<p>a&lt;b&gt;<br/>&quot;c&quot; &amp; d\r<br/></p>");
 }
 
-TEST(SafeHtml, IsBoundedInSizeAndDepth) {
-    std::string deep;
-    for (int i = 0; i < 100'000; ++i) {
-        deep += "<ul><li>";
+TEST(SafeHtml, IsBoundedAndSaysWhatIsCut) {
+    const auto times = [](std::string_view piece, std::size_t count) {
+        std::string text;
+        while (count-- > 0) {
+            text += piece;
+        }
+        return text;
+    };
+    const struct {
+        const char* what;
+        std::string html;
+        std::size_t longest;
+        bool isCut;
+    } cases[] = {
+        {"nested lists", times("<ul><li>", 30'000), 100, false}, // what is too deep is left out
+        {"lists side by side", times("<ul><li></ul>", 18'000), 20'000, true},
+        {"empty elements", times("<b></b>", 30'000), 10'000, true},
+        {"lines", times("<br>", 30'000), 10'000, true},
+        {"lines of code", "<pre>" + times("\n", 30'000), 1'000, true},
+        {"one word", std::string(1 << 20, 'x'), 9 << 10, true},
+        {"no characters", std::string(1 << 20, '\xff'), 0, true},
+        {"long addresses", times("<a href=\"https://" + std::string(2000, 'a') + "\">x</a>", 120),
+         300'000, false},
+        {"references without an end", "<a href=\"https://" + std::string(200'000, '&') + "\">x",
+         100, false},
+        {"a page", times("<p>A line of a hundred characters.</p>", 100), 4'000, false},
+    };
+    for (const auto& [what, html, longest, isCut] : cases) {
+        const SafeHtml safe = safeHtml(html);
+        EXPECT_LE(safe.html.size(), longest) << what;
+        EXPECT_EQ(safe.isCut, isCut) << what;
     }
-    const std::string safe = safeHtml(deep);
-    EXPECT_LT(safe.size(), 1000U);
-    EXPECT_TRUE(safe.ends_with("</li></ul>"));
-    EXPECT_EQ(safeHtml(std::string(1 << 20, 'x')).size(), 256U << 10U);
-    EXPECT_LT(safeHtml(std::string(1 << 20, '<')).size(), 1U << 21U);
+    EXPECT_TRUE(htmlOfText(times("x\n", 1'000)).isCut);
+    // Long words may be broken, but not within a reference to a character.
+    EXPECT_EQ(safeHtml(std::string(60, 'x') + "&amp;&amp;" + std::string(70, 'y')).html,
+              std::string(60, 'x') + "&amp;&amp;yy\u200b" + std::string(64, 'y') + "\u200byyyy");
 }
 
 /// Whatever goes in, what comes out has nothing but the few tags, in balance.
@@ -106,7 +146,7 @@ TEST(SafeHtml, HasOnlyItsOwnTagsWhateverGoesIn) {
         for (int i = 0; i < 30; ++i) {
             html += pieces[random() % std::size(pieces)];
         }
-        const std::string safe = safeHtml(html);
+        const std::string safe = safeHtml(html).html;
         std::vector<std::string> open;
         std::size_t tags = 0;
         for (std::sregex_iterator i(safe.begin(), safe.end(), tag); i != std::sregex_iterator();
@@ -127,4 +167,4 @@ TEST(SafeHtml, HasOnlyItsOwnTagsWhateverGoesIn) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace updates

@@ -1,28 +1,33 @@
 #pragma once
 
-#include "platform/updates/feed/update_choice.hpp"
-#include "platform/updates/install/installation.hpp"
-#include "platform/updates/session/archive_download.hpp"
-#include "platform/updates/session/install_client.hpp"
-#include "platform/updates/session/update_identity.hpp"
+#include "updates/feed/signed_feed.hpp"
+#include "updates/feed/update_choice.hpp"
+#include "updates/install/installation.hpp"
+#include "updates/session/archive_download.hpp"
+#include "updates/session/https_client.hpp"
+#include "updates/session/install_client.hpp"
+#include "updates/session/safe_html.hpp"
+#include "updates/session/update_identity.hpp"
 
-#include <QNetworkAccessManager>
 #include <QObject>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <variant>
 
-namespace platform {
+namespace updates {
 
 /// What came of a check, and how the installation stood at that time.
 struct CheckOutcome {
     std::variant<AppcastItem, UpToDate, NothingSuitable, UpdateFailure> answer;
     Installation installation;
+    std::uint64_t feedSerial = 0; ///< of the feed that was believed; 0: none was
 };
 
 struct ReleaseNotes {
-    QByteArray html; ///< safe to show; empty where they could not be loaded
+    SafeHtml safe; ///< empty where they could not be loaded
+    QUrl page;     ///< that they come from
 };
 struct UnpackingProgress {
     double share = 0; ///< 0…1
@@ -34,9 +39,8 @@ using EngineEvent = std::variant<Installation, CheckOutcome, ReleaseNotes, Downl
                                  UnpackingProgress, ReadyToInstall, IsInstalled, UpdateFailure>;
 
 /// The work of an update: the network, reading the feed, leading the helper. It lives on a thread
-/// of its own and does one task at a time; whatever is started ends what was under way, and
-/// `cancel` does so without a word. What it has to say it says with the number of the task, so that
-/// nobody takes a late word of one task for that of another.
+/// of its own, which its work blocks, and does one task at a time. What it has to say it says with
+/// the number of the task, so that nobody takes a late word of one task for that of another.
 class UpdateEngine final : public QObject {
     Q_OBJECT
 
@@ -44,7 +48,9 @@ class UpdateEngine final : public QObject {
     /// `examine` finds out how the installation stands.
     UpdateEngine(UpdateIdentity identity, UpdateLimits limits,
                  std::function<Installation()> examine);
-    ~UpdateEngine() override;
+
+    /// No task but this one is worth going on with from now on; 0: none. Any thread.
+    void want(quint64 task);
 
     /// The program has started: confirms it, and removes what broken updates left behind. Tells the
     /// `Installation` for task 0, and disturbs no other.
@@ -59,30 +65,33 @@ class UpdateEngine final : public QObject {
                  std::chrono::system_clock::time_point now);
     /// What is ready: the same task goes on, and ends with `IsInstalled` or an `UpdateFailure`.
     void install();
-    void cancel();
+    /// Throws away what is ready.
+    void cancel() { installer_.reset(); }
 
   signals:
-    void happened(quint64 task, const platform::EngineEvent& event);
+    void happened(quint64 task, const updates::EngineEvent& event);
 
   private:
-    /// Gets a document of a bounded size; `end` is called once.
-    void fetchDocument(const HttpsRequest& request,
-                       std::function<void(const std::optional<UpdateFailure>&)> end);
-    void unpack(const InstallOrder& order);
-    void begin(quint64 task, std::chrono::system_clock::time_point now);
+    struct Document {
+        QByteArray text;
+        QByteArray type; // of media
+    };
+    [[nodiscard]] std::variant<Document, UpdateFailure>
+    fetch(HttpsRequest request, std::chrono::system_clock::time_point now) const;
+    /// The feed, which the maker vouches for.
+    [[nodiscard]] std::variant<SignedAppcast, UpdateFailure>
+    fetchFeed(const UpdateHost& host) const;
+    void unpack(const InstallOrder& order, const platform::SealedFile& archive);
+    [[nodiscard]] bool begin(quint64 task);
     void tell(EngineEvent event) { emit happened(task_, std::move(event)); }
 
     const UpdateIdentity identity_;
     const UpdateLimits limits_;
     const std::function<Installation()> examine_;
-    quint64 task_ = 0;
     HttpsClient client_;
-    std::unique_ptr<QNetworkAccessManager> network_; // made on the engine's own thread
-    std::unique_ptr<HttpsFetch> fetch_;
-    QByteArray document_;
-    QByteArray documentType_;
-    std::unique_ptr<ArchiveDownload> download_;
+    std::atomic<quint64> wanted_ = 0;
+    quint64 task_ = 0;
     std::unique_ptr<InstallClient> installer_;
 };
 
-} // namespace platform
+} // namespace updates

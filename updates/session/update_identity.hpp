@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace updates {
 
 /// Whose updates a program takes, and from where. Compiled in: nothing at run time changes it.
 struct UpdateIdentity {
@@ -23,4 +23,4 @@ struct UpdateIdentity {
     std::chrono::system_clock::time_point builtAt; ///< no clock that is right shows an earlier time
 };
 
-} // namespace platform
+} // namespace updates

@@ -3,13 +3,15 @@
 #include <chrono>
 #include <cstdint>
 
-namespace platform {
+namespace updates {
 
-/// What an update may cost at most. The values are those of the product; tests pass smaller ones.
+/// What an update may cost at most. A value. The values are those of the product; tests pass
+/// smaller ones.
 struct UpdateLimits {
     std::uint64_t feedBytes = 1U << 20U;
+    std::uint64_t headerBytes = 64U << 10U; ///< of one answer, a proxy's included
     std::uint64_t notesBytes = 256U << 10U;
-    std::uint64_t archiveBytes = 1U << 30U;
+    std::uint64_t archiveBytes = 256U << 20U;
     int redirects = 5;
 
     std::chrono::milliseconds answerTime{20'000};   ///< until the headers are there
@@ -27,4 +29,4 @@ struct UpdateLimits {
     std::chrono::milliseconds resumptionPause{500}; ///< before the first; doubles each time
 };
 
-} // namespace platform
+} // namespace updates

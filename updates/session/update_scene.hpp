@@ -1,17 +1,23 @@
 #pragma once
 
-#include "platform/updates/feed/appcast_item.hpp"
-#include "platform/updates/feed/update_choice.hpp"
-#include "platform/updates/install/installation.hpp"
-#include "platform/updates/session/archive_download.hpp"
-#include "platform/updates/session/update_problem.hpp"
+#include "updates/feed/appcast_item.hpp"
+#include "updates/feed/update_choice.hpp"
+#include "updates/install/installation.hpp"
+#include "updates/session/archive_download.hpp"
+#include "updates/session/update_problem.hpp"
 
-#include <optional>
+#include <QUrl>
+
 #include <variant>
 
-namespace platform {
+namespace updates {
 
-/// What there is to show of an update: one scene at a time.
+/// A version as it is shown: one short line, whatever a feed says. Any thread.
+[[nodiscard]] QString shownVersion(const std::string& version);
+/// The same of what people call an item's version.
+[[nodiscard]] QString shownVersion(const AppcastItem& item);
+
+/// What there is to show of an update: one scene at a time. Values.
 namespace scene {
 
 struct Nothing {};
@@ -44,6 +50,7 @@ struct Offer {
     bool hasFailedBefore = false; ///< it was installed here, did not start, and was taken back
     QString notes;                ///< safe rich text; nothing while it is loading
     bool isLoadingNotes = false;
+    QUrl notesPage = {}; ///< where the rest of the notes is; empty: this is all
 };
 
 struct Downloading {
@@ -66,7 +73,9 @@ struct Installing {
 };
 
 struct Failed {
+    enum class While { looking, updating };
     UpdateFailure failure;
+    While doing = While::updating; ///< looking: nobody knows whether there is an update
 };
 
 } // namespace scene
@@ -76,4 +85,4 @@ using UpdateScene =
                  scene::Unsuitable, scene::ManagedElsewhere, scene::Offer, scene::Downloading,
                  scene::Unpacking, scene::Ready, scene::Installing, scene::Failed>;
 
-} // namespace platform
+} // namespace updates

@@ -1,39 +1,68 @@
-#include "platform/updates/session/update_session.hpp"
+#include "updates/session/update_session.hpp"
 
-#include "platform/updates/session/safe_html.hpp"
+#include "updates/feed/version_order.hpp"
+#include "updates/session/safe_html.hpp"
 
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longestWait = 1h; // between two looks at a clock that may be set meanwhile
-constexpr int startOfAsking = 2; // the first start belongs to the program itself
+constexpr auto longestWait = 1h;          // between two looks at a clock that may be set meanwhile
+constexpr int startOfAsking = 2;          // the first start belongs to the program itself
+constexpr auto longestSilence = 24h * 60; // without an answer, until the user is told
+constexpr int failuresOfASilence = 30;    // where there never was one
+constexpr int failuresOfAWeek = 7;        // of tries on schedule
+
+/// Whether updates may be held back from the user: then even a failure on schedule is told, again
+/// every week.
+bool looksFrozen(const UpdateFailure& failure, const UpdateMemory& memory, UpdateMemory::Time now) {
+    const bool isSilent = memory.lastCheck ? now - *memory.lastCheck >= longestSilence
+                                           : memory.failures >= failuresOfASilence;
+    return (failure.problem == UpdateProblem::feedExpired || isSilent) &&
+           memory.failures % failuresOfAWeek == 1;
+}
 
 template<class T>
 QString text(const T& utf8) {
     return QString::fromStdString(utf8);
 }
 
+constexpr std::size_t longestVersion = 40;
+
 } // namespace
 
+QString shownVersion(const std::string& version) {
+    if (!isVersion(version)) {
+        return QStringLiteral("?");
+    }
+    return version.size() <= longestVersion ? text(version)
+                                            : text(version.substr(0, longestVersion - 1)) + u'…';
+}
+
+QString shownVersion(const AppcastItem& item) {
+    return shownVersion(isVersion(item.shortVersionString) ? item.shortVersionString
+                                                           : item.version);
+}
+
 UpdateSession::UpdateSession(UpdaterConfiguration configuration)
-    : configuration_(std::move(configuration)),
-      store_(configuration_.storePath),
-      memory_(store_.memory()) {
+    : configuration_(std::move(configuration)), store_(configuration_.storePath) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &UpdateSession::act);
 }
 
 UpdateSession::~UpdateSession() {
-    if (isStarted_ && !isTrialOver_) {
-        confirmStart(configuration_.examine()); // the program has come up, and ends in order
+    if (engine_ != nullptr) {
+        engine_->want(0);
     }
     thread_.quit();
     thread_.wait();
+    if (isStarted_ && !isConfirmed_) {
+        confirmStart(configuration_.examine()); // the program has come up, and ends in order
+    }
 }
 
 bool UpdateSession::canInstall() const {
@@ -48,14 +77,14 @@ void UpdateSession::start() {
 }
 
 void UpdateSession::hear(const Installation& installation) {
+    isConfirmed_ = true;
     installation_ = installation;
     // What is managed by others, or was just built, is not asked about and remembers nothing.
     if (canInstall()) {
-        ++memory_.starts;
-        if (!memory_.phaseGroup) {
-            memory_.phaseGroup = configuration_.random() % phaseGroups;
-        }
-        keep();
+        store_.change([group = configuration_.random() % phaseGroups](UpdateMemory& memory) {
+            ++memory.starts;
+            memory.phaseGroup = memory.phaseGroup.value_or(group);
+        });
         act();
     }
 }
@@ -66,7 +95,7 @@ void UpdateSession::plan() {
         return;
     }
     const auto now = configuration_.now();
-    if (const auto due = nextCheck(memory_, now); due && canInstall()) {
+    if (const auto due = nextCheck(store_.memory(), now); due && canInstall()) {
         const auto wait =
             std::clamp<std::chrono::system_clock::duration>(*due - now, 1s, longestWait);
         timer_.start(std::chrono::duration_cast<std::chrono::milliseconds>(wait));
@@ -86,9 +115,10 @@ void UpdateSession::act() {
         timer_.start(longestWait);
         return;
     }
-    if (!memory_.checksByItself && memory_.starts >= startOfAsking) {
+    const UpdateMemory& memory = store_.refresh(); // another copy may have been told otherwise
+    if (!memory.checksByItself && memory.starts >= startOfAsking) {
         show(scene::Permission{});
-    } else if (const auto due = nextCheck(memory_, now); due && *due <= now) {
+    } else if (const auto due = nextCheck(memory, now); due && *due <= now) {
         check(Asking::schedule);
     } else {
         plan();
@@ -96,8 +126,7 @@ void UpdateSession::act() {
 }
 
 void UpdateSession::setChecksByItself(bool checks) {
-    memory_.checksByItself = checks;
-    keep();
+    store_.change([checks](UpdateMemory& memory) { memory.checksByItself = checks; });
     if (std::holds_alternative<scene::Permission>(scene_)) {
         show(scene::Nothing{});
     }
@@ -121,8 +150,10 @@ void UpdateSession::checkForUpdates() {
         return;
     }
     // Whoever asks wants to know of every version.
-    memory_.skippedVersion.clear();
-    keep();
+    store_.change([](UpdateMemory& memory) {
+        memory.skippedVersion.clear();
+        memory.skippedSignature.clear();
+    });
     check(Asking::user);
 }
 
@@ -132,26 +163,26 @@ void UpdateSession::check(Asking asking) {
     if (asking == Asking::user) {
         show(scene::Checking{});
     }
-    ++task_;
-    run([task = task_, host = host(), asking](UpdateEngine& engine) {
+    run([task = beginTask(), host = host(), asking](UpdateEngine& engine) {
         engine.check(task, host, asking);
     });
 }
 
 UpdateHost UpdateSession::host() const {
+    const UpdateMemory& memory = store_.memory();
     return {.installedVersion = configuration_.version.toStdString(),
             .highestInstalledVersion = {}, // the engine looks
-            .skippedVersion = memory_.skippedVersion,
+            .skippedVersion = memory.skippedVersion,
+            .skippedSignature = memory.skippedSignature,
             .systemVersion = configuration_.systemVersion,
-            .os = "linux",
-            .architecture = QSysInfo::buildCpuArchitecture().toStdString(),
             .channels = configuration_.identity.channels,
-            .phaseGroup = memory_.phaseGroup.value_or(0),
+            .phaseGroup = memory.phaseGroup.value_or(0),
+            .feedSerial = memory.feedSerial,
             .now = configuration_.now()};
 }
 
-/// Has the engine do something on its thread; both are made when they are first needed.
-void UpdateSession::run(const std::function<void(UpdateEngine&)>& work) {
+/// The engine and its thread are made when they are first needed.
+UpdateEngine& UpdateSession::engine() {
     if (engine_ == nullptr) {
         engine_ = new UpdateEngine(configuration_.identity, configuration_.limits,
                                    configuration_.examine);
@@ -162,7 +193,18 @@ void UpdateSession::run(const std::function<void(UpdateEngine&)>& work) {
         thread_.setObjectName(QStringLiteral("updates"));
         thread_.start(QThread::LowPriority);
     }
-    QMetaObject::invokeMethod(engine_, [engine = engine_, work] { work(*engine); });
+    return *engine_;
+}
+
+/// Has the engine do something on its thread.
+void UpdateSession::run(const std::function<void(UpdateEngine&)>& work) {
+    QMetaObject::invokeMethod(&engine(), [&engine = engine(), work] { work(engine); });
+}
+
+/// Whatever is still said of the last one is late from here on.
+quint64 UpdateSession::beginTask() {
+    engine().want(++task_);
+    return task_;
 }
 
 void UpdateSession::show(UpdateScene scene) {
@@ -182,19 +224,25 @@ void UpdateSession::hear(const CheckOutcome& outcome) {
     installation_ = outcome.installation;
     if (const auto* const failure = std::get_if<UpdateFailure>(&outcome.answer)) {
         if (asking_ == Asking::schedule) {
-            memory_.lastTry = configuration_.now();
-            ++memory_.failures;
-            keep();
+            store_.change([now = configuration_.now()](UpdateMemory& memory) {
+                memory.lastTry = now;
+                ++memory.failures;
+            });
             plan();
+            if (looksFrozen(*failure, store_.memory(), configuration_.now())) {
+                fail(*failure, scene::Failed::While::looking);
+            }
         } else {
-            fail(*failure);
+            fail(*failure, scene::Failed::While::looking);
         }
         return;
     }
-    memory_.lastCheck = configuration_.now();
-    memory_.lastTry.reset();
-    memory_.failures = 0;
-    keep();
+    store_.change([now = configuration_.now(), serial = outcome.feedSerial](UpdateMemory& memory) {
+        memory.lastCheck = now;
+        memory.lastTry.reset();
+        memory.failures = 0;
+        memory.feedSerial = std::max(memory.feedSerial, serial);
+    });
     plan();
     if (const auto* const item = std::get_if<AppcastItem>(&outcome.answer)) {
         // One that did not start is not offered by itself again.
@@ -213,21 +261,20 @@ void UpdateSession::hear(const CheckOutcome& outcome) {
 void UpdateSession::offer(const AppcastItem& item) {
     item_ = item;
     if (!canInstall()) {
-        show(scene::ManagedElsewhere{text(item.displayVersion()), installation_->management,
+        show(scene::ManagedElsewhere{shownVersion(item), installation_->management,
                                      text(installation_->packageName)});
         return;
     }
     const QUrl link = QUrl::fromEncoded(QByteArray::fromStdString(item.releaseNotesLink));
     const bool hasLink = link.scheme() == QStringLiteral("https");
-    show(scene::Offer{.version = text(item.displayVersion()),
+    show(scene::Offer{.version = shownVersion(item),
                       .installedVersion = configuration_.version,
                       .isCritical = item.isCritical,
                       .hasFailedBefore = item.version == installation_->failedVersion,
-                      .notes = hasLink ? QString() : text(safeHtml(item.description)),
+                      .notes = hasLink ? QString() : text(safeHtml(item.description).html),
                       .isLoadingNotes = hasLink});
     if (hasLink) {
-        ++task_;
-        run([task = task_, link, now = configuration_.now()](UpdateEngine& engine) {
+        run([task = beginTask(), link, now = configuration_.now()](UpdateEngine& engine) {
             engine.loadNotes(task, link, now);
         });
     }
@@ -237,8 +284,12 @@ void UpdateSession::hear(const ReleaseNotes& notes) {
     if (const auto* const shown = std::get_if<scene::Offer>(&scene_)) {
         scene::Offer complete = *shown;
         complete.isLoadingNotes = false;
-        complete.notes = notes.html.isEmpty() ? text(safeHtml(item_.description))
-                                              : QString::fromUtf8(notes.html);
+        if (notes.safe.html.empty()) {
+            complete.notes = text(safeHtml(item_.description).html);
+        } else {
+            complete.notes = text(notes.safe.html);
+            complete.notesPage = notes.safe.isCut ? notes.page : QUrl();
+        }
         show(complete);
     }
 }
@@ -246,8 +297,10 @@ void UpdateSession::hear(const ReleaseNotes& notes) {
 void UpdateSession::skip() {
     const auto* const shown = std::get_if<scene::Offer>(&scene_);
     if (shown != nullptr && !shown->isCritical) {
-        memory_.skippedVersion = item_.version;
-        keep();
+        store_.change([item = item_](UpdateMemory& memory) {
+            memory.skippedVersion = item.version;
+            memory.skippedSignature = item.enclosure.edSignature;
+        });
         dismiss();
     }
 }
@@ -258,38 +311,37 @@ void UpdateSession::install() {
         return;
     }
     show(scene::Downloading{shown->version, {0, item_.enclosure.length, 0}});
-    ++task_;
     const InstallOrder order{.helper = installHelper(*installation_),
                              .root = installation_->root,
                              .signature = item_.enclosure.edSignature,
                              .version = item_.version,
                              .installedVersion = installation_->runningVersion};
-    run([task = task_, enclosure = item_.enclosure, order, now = configuration_.now()](
+    run([task = beginTask(), enclosure = item_.enclosure, order, now = configuration_.now()](
             UpdateEngine& engine) { engine.prepare(task, enclosure, order, now); });
 }
 
 void UpdateSession::hear(const DownloadProgress& progress) {
-    show(scene::Downloading{text(item_.displayVersion()), progress});
+    show(scene::Downloading{shownVersion(item_), progress});
 }
 
 void UpdateSession::hear(const UnpackingProgress& progress) {
-    show(scene::Unpacking{text(item_.displayVersion()), progress.share});
+    show(scene::Unpacking{shownVersion(item_), progress.share});
 }
 
 void UpdateSession::hear(ReadyToInstall) {
-    show(scene::Ready{text(item_.displayVersion())});
+    show(scene::Ready{shownVersion(item_)});
 }
 
 void UpdateSession::relaunch() {
     if (std::holds_alternative<scene::Ready>(scene_)) {
-        show(scene::Installing{text(item_.displayVersion())});
+        show(scene::Installing{shownVersion(item_)});
         run([](UpdateEngine& engine) { engine.install(); });
     }
 }
 
 void UpdateSession::hear(IsInstalled) {
-    const QString program = text(launcher(*installation_).string());
-    if (program.isEmpty() || !configuration_.startProgram(program, configuration_.arguments)) {
+    const std::filesystem::path program = launcher(*installation_);
+    if (program.empty() || !configuration_.startProgram(program, configuration_.arguments)) {
         fail({UpdateProblem::relaunchFailed, {}});
         return;
     }
@@ -301,9 +353,9 @@ void UpdateSession::hear(const UpdateFailure& failure) {
     fail(failure);
 }
 
-void UpdateSession::fail(const UpdateFailure& failure) {
+void UpdateSession::fail(const UpdateFailure& failure, scene::Failed::While doing) {
     run([](UpdateEngine& engine) { engine.cancel(); });
-    show(scene::Failed{failure});
+    show(scene::Failed{failure, doing});
 }
 
 void UpdateSession::dismiss() {
@@ -311,13 +363,11 @@ void UpdateSession::dismiss() {
         std::holds_alternative<scene::Installing>(scene_)) {
         return;
     }
-    ++task_; // whatever is still said of it is late
+    beginTask();
     isChecking_ = false;
-    if (engine_ != nullptr) {
-        run([](UpdateEngine& engine) { engine.cancel(); });
-    }
+    run([](UpdateEngine& engine) { engine.cancel(); });
     show(scene::Nothing{});
     plan();
 }
 
-} // namespace platform
+} // namespace updates

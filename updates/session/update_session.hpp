@@ -1,24 +1,26 @@
 #pragma once
 
-#include "platform/updates/install/installation.hpp"
-#include "platform/updates/session/update_engine.hpp"
-#include "platform/updates/session/update_scene.hpp"
-#include "platform/updates/session/update_store.hpp"
+#include "updates/install/installation.hpp"
+#include "updates/session/update_engine.hpp"
+#include "updates/session/update_scene.hpp"
+#include "updates/session/update_store.hpp"
 
 #include <QObject>
-#include <QStringList>
 #include <QThread>
 #include <QTimer>
 
+#include <filesystem>
 #include <functional>
 
-namespace platform {
+namespace updates {
 
-/// What an updater is given: whose updates, for which installation, and its surroundings.
+/// What an updater is given: whose updates, for which installation, and its surroundings. The
+/// functions are called on the main thread where nothing else is said.
 struct UpdaterConfiguration {
     UpdateIdentity identity;
-    QString version;       ///< the running one
-    QStringList arguments; ///< of this run, for the next one; without the program's name
+    QString version; ///< the running one
+    /// Of this run, byte for byte, for the next one; without the program's name.
+    std::vector<std::string> arguments;
     std::string systemVersion;
     QString storePath; ///< where the updater remembers; empty: nowhere
     UpdateLimits limits;
@@ -33,8 +35,9 @@ struct UpdaterConfiguration {
     /// Any 32 bits.
     std::function<std::uint32_t()> random = [] { return 0U; };
     /// Starts a program that outlives this one; false when it cannot be started.
-    std::function<bool(const QString& program, const QStringList& arguments)> startProgram =
-        [](const QString&, const QStringList&) { return false; };
+    std::function<bool(const std::filesystem::path& program,
+                       const std::vector<std::string>& arguments)>
+        startProgram = [](const auto&, const auto&) { return false; };
     std::function<void()> quit = [] {};
 };
 
@@ -72,16 +75,17 @@ class UpdateSession final : public QObject {
     void dismiss();
 
   signals:
-    void sceneChanged(const platform::UpdateScene& scene);
+    void sceneChanged(const updates::UpdateScene& scene);
     /// What is shown already is what the user asks for.
     void attentionWanted();
 
   private:
-    void keep() { store_.set(memory_); }
     void show(UpdateScene scene);
     void plan();
     void act();
     void check(Asking asking);
+    quint64 beginTask();
+    UpdateEngine& engine();
     void run(const std::function<void(UpdateEngine&)>& work);
     void hear(quint64 task, const EngineEvent& event);
     void hear(const Installation& installation);
@@ -93,19 +97,20 @@ class UpdateSession final : public QObject {
     void hear(IsInstalled);
     void hear(const UpdateFailure& failure);
     void offer(const AppcastItem& item);
-    void fail(const UpdateFailure& failure);
+    void fail(const UpdateFailure& failure,
+              scene::Failed::While doing = scene::Failed::While::updating);
     [[nodiscard]] UpdateHost host() const;
     /// Whether this copy may install updates; otherwise it only tells of them.
     [[nodiscard]] bool canInstall() const;
 
     const UpdaterConfiguration configuration_;
     UpdateStore store_;
-    UpdateMemory memory_;
     UpdateScene scene_;
     std::optional<Installation> installation_; // once it is known
     AppcastItem item_;                         // of an offer and what follows it
     bool isStarted_ = false;
     bool isTrialOver_ = false;
+    bool isConfirmed_ = false;
     bool isChecking_ = false; // shown or in silence
     Asking asking_ = Asking::schedule;
     quint64 task_ = 0;
@@ -114,4 +119,4 @@ class UpdateSession final : public QObject {
     UpdateEngine* engine_ = nullptr; // lives on the thread, and ends with it
 };
 
-} // namespace platform
+} // namespace updates

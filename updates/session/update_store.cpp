@@ -1,16 +1,19 @@
-#include "platform/updates/session/update_store.hpp"
+#include "updates/session/update_store.hpp"
+
+#include "updates/feed/signed_feed.hpp"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLockFile>
 #include <QSaveFile>
 
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+namespace updates {
 namespace {
 
 using Time = UpdateMemory::Time;
@@ -19,6 +22,9 @@ using namespace std::chrono_literals;
 constexpr auto interval = 24h;
 constexpr auto firstRetry = 1h;
 constexpr qint64 largestFile = 64 << 10;
+// For another copy to finish its change: while the user works, and when there is no other time.
+constexpr int briefly = 30;   // ms
+constexpr int finally = 1000; // ms
 
 constexpr QLatin1String checksByItself("checksByItself");
 constexpr QLatin1String starts("starts");
@@ -26,7 +32,9 @@ constexpr QLatin1String lastCheck("lastCheck");
 constexpr QLatin1String lastTry("lastTry");
 constexpr QLatin1String failures("failures");
 constexpr QLatin1String skippedVersion("skippedVersion");
+constexpr QLatin1String skippedSignature("skippedSignature");
 constexpr QLatin1String phaseGroup("phaseGroup");
+constexpr QLatin1String feedSerial("feedSerial");
 
 std::optional<Time> timeOf(const QJsonValue& value) {
     // Years 1970 to 9999; anything else was never written.
@@ -46,12 +54,14 @@ int countOf(const QJsonValue& value) {
     return std::clamp(value.toInt(0), 0, 1'000'000);
 }
 
-UpdateMemory read(const QString& path) {
+QJsonObject read(const QString& path) {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QJsonObject object = QJsonDocument::fromJson(file.read(largestFile)).object();
+    return !path.isEmpty() && file.open(QIODevice::ReadOnly)
+               ? QJsonDocument::fromJson(file.read(largestFile)).object()
+               : QJsonObject();
+}
+
+UpdateMemory memoryOf(const QJsonObject& object) {
     UpdateMemory memory;
     if (object[checksByItself].isBool()) {
         memory.checksByItself = object[checksByItself].toBool();
@@ -61,46 +71,90 @@ UpdateMemory read(const QString& path) {
     memory.lastTry = timeOf(object[lastTry]);
     memory.failures = countOf(object[failures]);
     memory.skippedVersion = object[skippedVersion].toString().toStdString();
+    memory.skippedSignature = object[skippedSignature].toString().toStdString();
     const int group = object[phaseGroup].toInt(-1);
     if (group >= 0 && group <= 6) {
         memory.phaseGroup = static_cast<unsigned>(group);
     }
+    memory.feedSerial = static_cast<std::uint64_t>(
+        std::clamp(object[feedSerial].toDouble(0), 0.0, double(largestFeedSerial)));
     return memory;
+}
+
+/// Nothing leaves no trace; what is not known here stays.
+template<class Value>
+void put(QJsonObject& object, QLatin1String key, const std::optional<Value>& value) {
+    if (value) {
+        object[key] = *value;
+    } else {
+        object.remove(key);
+    }
+}
+
+void put(QJsonObject& object, const UpdateMemory& memory) {
+    const auto seconds = [](const std::optional<Time>& time) {
+        return time ? std::optional(secondsOf(*time)) : std::nullopt;
+    };
+    put(object, checksByItself, memory.checksByItself);
+    object[starts] = memory.starts;
+    put(object, lastCheck, seconds(memory.lastCheck));
+    put(object, lastTry, seconds(memory.lastTry));
+    object[failures] = memory.failures;
+    object[skippedVersion] = QString::fromStdString(memory.skippedVersion);
+    object[skippedSignature] = QString::fromStdString(memory.skippedSignature);
+    put(object, phaseGroup,
+        memory.phaseGroup ? std::optional(static_cast<int>(*memory.phaseGroup)) : std::nullopt);
+    object[feedSerial] = static_cast<double>(memory.feedSerial);
 }
 
 } // namespace
 
-UpdateStore::UpdateStore(QString path) : path_(std::move(path)), memory_(read(path_)) {}
+UpdateStore::UpdateStore(QString path) : path_(std::move(path)), memory_(memoryOf(read(path_))) {}
 
-void UpdateStore::set(const UpdateMemory& memory) {
-    if (memory == memory_) {
+UpdateStore::~UpdateStore() {
+    write(finally);
+}
+
+const UpdateMemory& UpdateStore::refresh() {
+    if (!path_.isEmpty() && unwritten_.empty()) {
+        memory_ = memoryOf(read(path_));
+    }
+    return memory_;
+}
+
+void UpdateStore::change(const Change& change) {
+    change(memory_);
+    if (!path_.isEmpty()) {
+        unwritten_.push_back(change);
+        write(briefly);
+    }
+}
+
+/// Puts the changes on top of what the file says by now.
+void UpdateStore::write(int patience) {
+    if (unwritten_.empty() || !QDir().mkpath(QFileInfo(path_).path())) {
         return;
+    }
+    QLockFile lock(path_ + QStringLiteral(".lock"));
+    if (!lock.tryLock(patience)) {
+        return;
+    }
+    QJsonObject object = read(path_);
+    const UpdateMemory before = memoryOf(object);
+    UpdateMemory memory = before;
+    for (const Change& change : unwritten_) {
+        change(memory);
+    }
+    if (memory != before) {
+        put(object, memory);
+        QSaveFile file(path_);
+        if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(object).toJson()) < 0 ||
+            !file.commit()) {
+            return; // a failure leaves the file as it was
+        }
     }
     memory_ = memory;
-    if (path_.isEmpty()) {
-        return;
-    }
-    QJsonObject object;
-    if (memory.checksByItself) {
-        object[checksByItself] = *memory.checksByItself;
-    }
-    object[starts] = memory.starts;
-    if (memory.lastCheck) {
-        object[lastCheck] = secondsOf(*memory.lastCheck);
-    }
-    if (memory.lastTry) {
-        object[lastTry] = secondsOf(*memory.lastTry);
-    }
-    object[failures] = memory.failures;
-    object[skippedVersion] = QString::fromStdString(memory.skippedVersion);
-    if (memory.phaseGroup) {
-        object[phaseGroup] = static_cast<int>(*memory.phaseGroup);
-    }
-    QSaveFile file(path_);
-    if (QDir().mkpath(QFileInfo(path_).path()) && file.open(QIODevice::WriteOnly)) {
-        file.write(QJsonDocument(object).toJson());
-        file.commit(); // a failure leaves the file as it was; the next change tries again
-    }
+    unwritten_.clear();
 }
 
 std::optional<Time> nextCheck(const UpdateMemory& memory, Time now) {
@@ -119,4 +173,4 @@ std::optional<Time> nextCheck(const UpdateMemory& memory, Time now) {
     return due;
 }
 
-} // namespace platform
+} // namespace updates

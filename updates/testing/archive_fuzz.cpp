@@ -4,8 +4,8 @@
 //
 // Whatever comes: nothing outside the staging folder is touched, and what is accepted keeps the
 // rules that are written down here once more, by other means than those of the program.
-#include "platform/updates/install/installer.hpp"
-#include "platform/updates/testing/test_key.hpp"
+#include "updates/install/installer.hpp"
+#include "updates/testing/test_key.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -27,7 +27,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using namespace platform;
+using namespace updates;
 
 using Bytes = std::vector<std::byte>;
 constexpr std::size_t blockSize = 512;
@@ -109,6 +109,19 @@ class Description {
     std::size_t size_;
 };
 
+const std::string& goodManifest() {
+    static const std::string text = archiveManifestText(
+        {"Larkvox", "larkvox", "i", newVersion, goodPlatform, testing::publicTestKey});
+    return text;
+}
+
+/// Of another product of the same maker.
+const std::string& otherManifest() {
+    static const std::string text = archiveManifestText(
+        {"Otter", "larkvox", "o", newVersion, goodPlatform, testing::publicTestKey});
+    return text;
+}
+
 std::string describedName(Description& description) {
     static const char* const starts[] = {
         "Larkvox/versions/1.1.0/", "Larkvox/versions/", "Larkvox/", "", "/", "../"};
@@ -126,14 +139,14 @@ std::string describedName(Description& description) {
 Entry describedEntry(Description& description) {
     static const char types[] = {'0', '0', '0', '5', '5', '2', '1', '\0', '3',
                                  '4', '6', '7', 'S', 'L', 'K', 'x', 'g'};
-    static const char* const contents[] = {
-        "",
-        "#!/bin/sh\n",
-        "{}",
-        R"({"product":"Larkvox","identifier":"i","version":"1.1.0","platform":"linux-x86_64"})",
-        "30 path=Larkvox/../../outside\n",
-        "22 linkpath=../outside\n",
-        "20 GNU.sparse.size=9\n"};
+    const char* const contents[] = {"",
+                                    "#!/bin/sh\n",
+                                    "{}",
+                                    goodManifest().c_str(),
+                                    otherManifest().c_str(),
+                                    "30 path=Larkvox/../../outside\n",
+                                    "22 linkpath=../outside\n",
+                                    "20 GNU.sparse.size=9\n"};
     Entry entry{describedName(description)};
     entry.type = types[description.next(std::size(types))];
     entry.mode = description.next(4) == 3 ? 04755 : 0755;
@@ -159,7 +172,9 @@ Bytes describedArchive(Description description) {
         {folder + "/bin/larkvox", {}, "#!/bin/sh\n", '0', 0755},
         {folder + "/manifest.json",
          {},
-         archiveManifestText({"Larkvox", "i", newVersion, goodPlatform})}};
+         description.next(8) == 7 ? otherManifest() : goodManifest()},
+        {folder + "/libexec/", {}, {}, '5', 0755},
+        {folder + "/libexec/larkvox-install", {}, "#!/bin/sh\n", '0', 0755}};
     Bytes archive;
     // Which of the good ones are there, and where something else comes between.
     const unsigned left = description.next(16);
@@ -191,12 +206,13 @@ Bytes mendedArchive(const std::uint8_t* data, std::size_t size) {
 
 // The rules, once more.
 
-/// All that can be seen of the files below a folder, but for the staging folder.
+/// All that can be seen of the files below a folder, but for what every update changes.
 std::string fingerprint(const fs::path& folder) {
     std::vector<std::string> lines;
     for (auto entry = fs::recursive_directory_iterator(folder);
          entry != fs::recursive_directory_iterator(); ++entry) {
-        if (entry->path().filename() == "staging") {
+        const std::string name = entry->path().filename();
+        if (name == "staging" || name == "state") {
             entry.disable_recursion_pending();
             continue;
         }
@@ -208,8 +224,8 @@ std::string fingerprint(const fs::path& folder) {
             line += std::to_string(number);
         };
         addNumber(status.st_mode);
-        addNumber(static_cast<std::int64_t>(status.st_ino));
-        if (entry->path().filename() != "Larkvox") { // in which the staging folder comes and goes
+        if (name != "Larkvox" && name != "versions" && name != "current") {
+            addNumber(static_cast<std::int64_t>(status.st_ino));
             addNumber(static_cast<std::int64_t>(status.st_nlink));
             addNumber(status.st_size);
             addNumber(status.st_mtim.tv_sec);
@@ -243,6 +259,8 @@ void requireGoodTree(const fs::path& tree, std::uint64_t archiveSize) {
         require(text.find(word) != std::string::npos, "another manifest");
     }
     require(access((tree / "bin/larkvox").c_str(), X_OK) == 0, "no program");
+    require(access((tree / "libexec/larkvox-install").c_str(), X_OK) == 0, "no helper");
+    require(text.find("Otter") == std::string::npos, "another product");
 }
 
 bool isOneOf(char type, std::string_view types) {
@@ -273,6 +291,10 @@ void requireGoodHeaders(const Bytes& archive) {
         const auto size = std::strtoull(std::string(block + 124, 12).c_str(), nullptr, 8);
         at += blockSize + (type == '5' ? 0 : (size + blockSize - 1) / blockSize * blockSize);
     }
+}
+
+bool isOfArchive(UpdateProblem problem) {
+    return problem >= UpdateProblem::archiveTooLarge && problem <= UpdateProblem::otherVersion;
 }
 
 /// An installation and something beside it, made once.
@@ -306,22 +328,36 @@ class Place {
         ++tried_;
         {
             Installer installer(
-                {testing::publicTestKey, "Larkvox", "i", goodPlatform},
+                {testing::publicTestKey, "Larkvox", "larkvox", "i", goodPlatform},
                 {root(), -1, archive.size(), testing::testSignature(archive), newVersion, "1.0.0"});
             const auto refusal = installer.stage(archive);
-            require(!refusal || refusal->fault <= InstallFault::otherVersion,
+            require(!refusal || isOfArchive(refusal->problem),
                     "refused for a reason that lies outside of the archive");
             require(fingerprint(folder_) == before_, "something outside was touched");
             if (!refusal) {
                 ++accepted_;
                 requireGoodTree(root() / "staging/tree", archive.size());
                 requireGoodHeaders(archive);
+                require(!installer.install(), "what was accepted is installed");
             }
         }
+        if (fs::read_symlink(root() / "current") != "versions/1.0.0") {
+            requireGoodTree(root() / "versions" / newVersion, archive.size());
+            putBack();
+        }
+        require(fingerprint(folder_) == before_, "more than the version was installed");
         require(!fs::exists(root() / "staging"), "the staging folder stayed");
     }
 
   private:
+    /// As if nothing had been installed.
+    void putBack() const {
+        fs::remove(root() / "current");
+        fs::create_symlink("versions/1.0.0", root() / "current");
+        fs::remove_all(root() / "versions" / newVersion);
+        fs::remove(root() / "state/record");
+    }
+
     [[nodiscard]] fs::path root() const { return folder_ / "Larkvox"; }
 
     fs::path folder_;

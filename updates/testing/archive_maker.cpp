@@ -1,4 +1,6 @@
-#include "platform/updates/testing/archive_maker.hpp"
+#include "updates/testing/archive_maker.hpp"
+
+#include "platform/system/process.hpp"
 
 #include <archive.h>
 #include <archive_entry.h>
@@ -10,7 +12,7 @@
 #include <memory>
 #include <span>
 
-namespace platform::testing {
+namespace updates::testing {
 namespace {
 
 using Type = MadeEntry::Type;
@@ -51,10 +53,10 @@ void writeEntry(archive* writer, const MadeEntry& made) {
     archive_entry_set_pathname(entry.get(), made.name.c_str());
     archive_entry_set_filetype(entry.get(), fileType(made.type));
     archive_entry_set_perm(entry.get(), made.type == Type::folder ? made.mode | 0111U : made.mode);
-    if (made.type == Type::file) {
-        archive_entry_set_size(entry.get(),
-                               static_cast<la_int64_t>(made.content.size() + made.zeros));
-    } else if (made.type == Type::symbolicLink) {
+    const bool isFile = made.type == Type::file;
+    archive_entry_set_size(entry.get(),
+                           isFile ? static_cast<la_int64_t>(made.content.size() + made.zeros) : 0);
+    if (made.type == Type::symbolicLink) {
         archive_entry_set_symlink(entry.get(), made.content.c_str());
     } else if (made.type == Type::hardLink) {
         archive_entry_set_hardlink(entry.get(), made.content.c_str());
@@ -76,11 +78,19 @@ void writeEntry(archive* writer, const MadeEntry& made) {
 std::vector<std::byte> makeArchive(const std::vector<MadeEntry>& entries, Packing packing) {
     std::vector<std::byte> bytes;
     const Writer writer(archive_write_new(), archive_write_free);
-    require(archive_write_set_format_pax_restricted(writer.get()) == ARCHIVE_OK, writer.get());
-    if (packing == Packing::xz) {
-        require(archive_write_add_filter_xz(writer.get()) == ARCHIVE_OK &&
-                    archive_write_set_filter_option(writer.get(), "xz", "compression-level", "0") ==
-                        ARCHIVE_OK,
+    require((packing == Packing::zip        ? archive_write_set_format_zip
+             : packing == Packing::sevenZip ? archive_write_set_format_7zip
+             : packing == Packing::cpio
+                 ? archive_write_set_format_cpio
+                 : archive_write_set_format_pax_restricted)(writer.get()) == ARCHIVE_OK,
+            writer.get());
+    if (packing == Packing::xz || packing == Packing::gzip) {
+        const bool isXz = packing == Packing::xz;
+        require((isXz ? archive_write_add_filter_xz
+                      : archive_write_add_filter_gzip)(writer.get()) == ARCHIVE_OK &&
+                    archive_write_set_filter_option(writer.get(), isXz ? "xz" : "gzip",
+                                                    "compression-level",
+                                                    isXz ? "0" : "1") == ARCHIVE_OK,
                 writer.get());
     }
     require(archive_write_set_bytes_in_last_block(writer.get(), 1) == ARCHIVE_OK &&
@@ -94,7 +104,12 @@ std::vector<std::byte> makeArchive(const std::vector<MadeEntry>& entries, Packin
 }
 
 ArchiveManifest goodManifest(const std::string& version) {
-    return {"Larkvox", "example.fennick.larkvox", version, std::string(thisPlatform())};
+    return {"Larkvox",
+            "larkvox",
+            "example.fennick.larkvox",
+            version,
+            std::string(platform::thisPlatform()),
+            LARKVOX_TEST_PUBLIC_KEY};
 }
 
 std::vector<MadeEntry> goodUpdate(const std::string& version, const std::string& program) {
@@ -107,6 +122,8 @@ std::vector<MadeEntry> goodUpdate(const std::string& version, const std::string&
             {folder + "/bin", Type::folder, {}},
             {folder + "/bin/larkvox", Type::file, program, 0755},
             {folder + "/manifest.json", Type::file, archiveManifestText(goodManifest(version))},
+            {folder + "/libexec", Type::folder, {}},
+            {folder + "/libexec/larkvox-install", Type::file, "the helper", 0755},
             {folder + "/share", Type::folder, {}},
             {folder + "/share/larkvox", Type::folder, {}},
             {folder + "/share/larkvox/version", Type::file, version},
@@ -119,4 +136,4 @@ std::vector<MadeEntry> updateWith(const std::string& version, std::vector<MadeEn
     return entries;
 }
 
-} // namespace platform::testing
+} // namespace updates::testing

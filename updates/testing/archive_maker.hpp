@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/updates/archive/archive_manifest.hpp"
+#include "updates/archive/archive_manifest.hpp"
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace platform::testing {
+namespace updates::testing {
 
 /// An entry of an archive that a test makes: exactly what it says, also what no archive should
 /// hold.
@@ -20,7 +20,8 @@ struct MadeEntry {
     std::uint64_t zeros = 0; ///< bytes of a file behind its content
 };
 
-enum class Packing { plain, xz };
+/// Plain tar, or tar compressed; and formats that no update comes in.
+enum class Packing { plain, xz, gzip, zip, sevenZip, cpio };
 
 [[nodiscard]] std::vector<std::byte> makeArchive(const std::vector<MadeEntry>& entries,
                                                  Packing packing = Packing::plain);
@@ -35,4 +36,4 @@ enum class Packing { plain, xz };
 [[nodiscard]] std::vector<MadeEntry> updateWith(const std::string& version,
                                                 std::vector<MadeEntry> more);
 
-} // namespace platform::testing
+} // namespace updates::testing

@@ -1,9 +1,9 @@
 // Whatever a feed says, nothing is offered that a rule written down here by hand forbids. The first
 // byte tells what the rest is: "g" makes a feed from a table of values whose meaning is known, "v"
 // is three versions to put in order, and anything else is a feed as it comes.
-#include "platform/updates/feed/publication_date.hpp"
-#include "platform/updates/feed/update_choice.hpp"
-#include "platform/updates/feed/version_order.hpp"
+#include "updates/feed/publication_date.hpp"
+#include "updates/feed/update_choice.hpp"
+#include "updates/feed/version_order.hpp"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,9 +12,9 @@
 
 namespace {
 
-using platform::Asking;
-using platform::chooseUpdate;
-using platform::compareVersions;
+using updates::Asking;
+using updates::chooseUpdate;
+using updates::compareVersions;
 
 void require(bool isTrue, const char* what) {
     if (!isTrue) {
@@ -27,15 +27,18 @@ std::span<const std::byte> bytesOf(std::string_view text) {
     return std::as_bytes(std::span(text));
 }
 
+#define SIGNATURE_HEAD "AAECAwQFBgcICQoLDA0ODxAREhMUFRYXGBkaGxwdHh8gISIjJCUmJygpKissLS4v"
+constexpr const char* goodSignature = SIGNATURE_HEAD "MDEyMzQ1Njc4OTo7PD0+Pw==";
 constexpr std::int64_t now = 1741080600; // seconds since 1970
 
-platform::UpdateHost makeHost() {
-    platform::UpdateHost host;
+updates::UpdateHost makeHost() {
+    updates::UpdateHost host;
     host.installedVersion = "1.4";
     host.highestInstalledVersion = "1.5";
     host.skippedVersion = "1.10";
+    host.skippedSignature = goodSignature;
     host.systemVersion = "12.5";
-    host.architecture = "x86_64";
+    host.platform = "linux-x86_64";
     host.channels = {"beta"};
     host.phaseGroup = 2;
     host.now = std::chrono::system_clock::time_point(std::chrono::seconds(now));
@@ -78,22 +81,20 @@ constexpr VersionChoice versions[] = {{"", 0},
                                       {"99999999999999999999", 15}};
 constexpr int installedRank = 3;
 constexpr int highestInstalledRank = 5;
-constexpr int skippedRank = 8;
 
 constexpr Choice urls[] = {{"https://a.example/1"},       {"HTTPS://b.example/2"},
                            {"http://a.example/1", false}, {"file:///tmp/1", false},
                            {"https://", false},           {"https://u:p@a.example/1", false},
                            {"//a.example/1", false},      {"", false}};
-#define SIGNATURE_HEAD "AAECAwQFBgcICQoLDA0ODxAREhMUFRYXGBkaGxwdHh8gISIjJCUmJygpKissLS4v"
-constexpr Choice signatures[] = {{SIGNATURE_HEAD "MDEyMzQ1Njc4OTo7PD0+Pw=="},
+constexpr Choice signatures[] = {{goodSignature},
                                  {SIGNATURE_HEAD "MDEyMzQ1Njc4OTo7PD0+Pw=", false},
                                  {SIGNATURE_HEAD "MDEyMzQ1Njc4OTo7PD0+Px==", false},
                                  {SIGNATURE_HEAD "MDEyMzQ1Njc4OTo7PD0+P===", false},
                                  {SIGNATURE_HEAD, false},
                                  {"", false}};
 constexpr Choice lengths[] = {
-    {"1"},       {"1073741824"},        {"0", false},   {"-5", false},
-    {"", false}, {"1073741825", false}, {"ten", false}, {"18446744073709551617", false}};
+    {"1"},       {"268435456"},        {"0", false},   {"-5", false},
+    {"", false}, {"268435457", false}, {"ten", false}, {"18446744073709551617", false}};
 constexpr Choice systems[] = {{"linux"},        {""},
                               {"linux-x86_64"}, {"linux-aarch64", false},
                               {"macos", false}, {"windows-x86_64", false}};
@@ -157,13 +158,14 @@ MadeItem makeItem(Draw& draw, int lowestRank) {
                          length.isFine && system.isFine && channel.isFine && minimum.isFine &&
                          nonsense != 1;
     made.isFineForSchedule =
-        made.isFineForUser && version.rank > skippedRank && (!isPhased || isCritical || !isEarly);
+        made.isFineForUser &&
+        (isCritical || (std::string_view(version.text) != "1.10" && (!isPhased || !isEarly)));
 
     const auto published = std::chrono::sys_seconds(std::chrono::seconds(now)) -
                            (isEarly ? std::chrono::hours(12) : std::chrono::hours(48));
     made.text =
         "<item>" + element("title", version.text) +
-        element("pubDate", platform::publicationDate(published)) +
+        element("pubDate", updates::publicationDate(published)) +
         element("sparkle:channel", channel.text) +
         element("sparkle:minimumSystemVersion", minimum.text) +
         (isAttribute ? std::string() : element("sparkle:version", version.text)) +
@@ -183,7 +185,7 @@ MadeItem makeItem(Draw& draw, int lowestRank) {
 
 void checkMadeFeed(std::string_view bytes) {
     Draw draw(bytes);
-    platform::UpdateHost host = makeHost();
+    updates::UpdateHost host = makeHost();
     int lowestRank = highestInstalledRank;
     if (draw.below(2) == 0) {
         host.highestInstalledVersion.clear();
@@ -199,13 +201,13 @@ void checkMadeFeed(std::string_view bytes) {
         bestForSchedule = std::max(bestForSchedule, item.isFineForSchedule ? item.rank : 0);
     }
     document += "</channel></rss>";
-    const auto read = platform::readAppcast(bytesOf(document));
-    const auto* const appcast = std::get_if<platform::Appcast>(&read);
+    const auto read = updates::readAppcast(bytesOf(document));
+    const auto* const appcast = std::get_if<updates::Appcast>(&read);
     require(appcast != nullptr, "a good feed is read");
     for (const Asking asking : {Asking::user, Asking::schedule}) {
         const int best = asking == Asking::user ? bestForUser : bestForSchedule;
         const auto choice = chooseUpdate(*appcast, host, asking);
-        const auto* const chosen = std::get_if<platform::AppcastItem>(&choice);
+        const auto* const chosen = std::get_if<updates::AppcastItem>(&choice);
         require((chosen != nullptr) == (best > 0),
                 "there is an offer exactly when there may be one");
         if (chosen != nullptr) {
@@ -217,7 +219,7 @@ void checkMadeFeed(std::string_view bytes) {
 }
 
 /// Whether the rules that can be told from an item's text allow it.
-void requireAllowed(const platform::AppcastItem& item) {
+void requireAllowed(const updates::AppcastItem& item) {
     const auto isOneOf = [](const std::string& text, std::initializer_list<const char*> allowed) {
         return std::ranges::count(allowed, text) > 0;
     };
@@ -231,7 +233,7 @@ void requireAllowed(const platform::AppcastItem& item) {
                     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/=") ==
                     std::string::npos,
             "signed only");
-    require(item.enclosure.length > 0 && item.enclosure.length <= 1073741824, "of a sane length");
+    require(item.enclosure.length > 0 && item.enclosure.length <= 268435456, "of a sane length");
     require(isOneOf(item.enclosure.os, {"", "linux", "linux-x86_64"}), "for this system");
     require(isOneOf(item.channel, {"", "beta"}), "from a channel that is wanted");
     require(!item.version.empty() && item.version.find('/') == std::string::npos, "a version");
@@ -242,8 +244,8 @@ void requireAllowed(const platform::AppcastItem& item) {
 }
 
 void checkDocument(std::string_view document) {
-    const auto read = platform::readAppcast(bytesOf(document));
-    const auto* const appcast = std::get_if<platform::Appcast>(&read);
+    const auto read = updates::readAppcast(bytesOf(document));
+    const auto* const appcast = std::get_if<updates::Appcast>(&read);
     if (appcast == nullptr) {
         return;
     }
@@ -251,7 +253,7 @@ void checkDocument(std::string_view document) {
     require(!document.starts_with("<!DOCTYPE"), "no document type");
     for (const Asking asking : {Asking::user, Asking::schedule}) {
         const auto choice = chooseUpdate(*appcast, makeHost(), asking);
-        if (const auto* const chosen = std::get_if<platform::AppcastItem>(&choice)) {
+        if (const auto* const chosen = std::get_if<updates::AppcastItem>(&choice)) {
             requireAllowed(*chosen);
         }
     }

@@ -1,4 +1,4 @@
-#include "platform/updates/testing/https_server.hpp"
+#include "updates/testing/https_server.hpp"
 
 #include <QFile>
 #include <QProcess>
@@ -9,7 +9,7 @@
 
 #include <gmock/gmock.h>
 
-namespace platform::testing {
+namespace updates::testing {
 namespace {
 
 QByteArray contentOf(const QString& path) {
@@ -173,4 +173,4 @@ HttpsServer::Handler dripping(const QList<QByteArray>& headers, const QByteArray
     };
 }
 
-} // namespace platform::testing
+} // namespace updates::testing

@@ -14,7 +14,7 @@
 
 class QSslSocket;
 
-namespace platform::testing {
+namespace updates::testing {
 
 /// Certificates that only those trust who were told to, made by OpenSSL's own tool.
 class CertificateFolder {
@@ -75,4 +75,4 @@ HttpsServer::Handler servingFile(const QByteArray& body, qint64 cutAfter = -1,
 HttpsServer::Handler dripping(const QList<QByteArray>& headers, const QByteArray& piece,
                               int milliseconds);
 
-} // namespace platform::testing
+} // namespace updates::testing

@@ -1,7 +1,7 @@
-#include "platform/updates/install/install_testing.hpp"
+#include "updates/testing/install_testing.hpp"
 
 #include "platform/system/sealed_file.hpp"
-#include "platform/updates/testing/test_key.hpp"
+#include "updates/testing/test_key.hpp"
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -16,7 +16,7 @@
 #include <iterator>
 #include <utility>
 
-namespace platform::testing {
+namespace updates::testing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -26,8 +26,9 @@ namespace fs = std::filesystem;
     std::abort();
 }
 
-fs::path makePlace() {
-    std::string pattern = (fs::temp_directory_path() / "larkvox-test-XXXXXX").string();
+fs::path makePlace(const fs::path& below = {}) {
+    std::string pattern =
+        ((below.empty() ? fs::temp_directory_path() : below) / "larkvox-test-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) {
         giveUp("mkdtemp");
     }
@@ -35,9 +36,9 @@ fs::path makePlace() {
     return pattern;
 }
 
-SealedFile sealedCopy(const std::vector<std::byte>& bytes) {
+platform::SealedFile sealedCopy(const std::vector<std::byte>& bytes) {
     std::error_code error;
-    SealedFile file = SealedFile::create("update", error);
+    platform::SealedFile file = platform::SealedFile::create("update", error);
     if (error || file.append(bytes) || file.seal()) {
         giveUp("sealed file");
     }
@@ -61,7 +62,10 @@ std::string brokenProgram() {
     return "#!/bin/sh\nexit 3\n";
 }
 
-InstalledCopy::InstalledCopy() : place_(makePlace()), root_(place_ / "Larkvox") {
+InstalledCopy::InstalledCopy(const fs::path& below)
+    : place_(makePlace(below)), root_(place_ / "Larkvox") {
+    // Starts count as they do where there is a screen.
+    setenv("QT_QPA_PLATFORM", "offscreen", 0); // NOLINT(concurrency-mt-unsafe)
     for (const MadeEntry& entry : goodUpdate("1.0.0", workingProgram())) {
         const fs::path path = place_ / entry.name;
         if (entry.type == MadeEntry::Type::folder) {
@@ -166,7 +170,11 @@ Child::~Child() {
 }
 
 void Child::say(const std::string& text) const {
+    // One that has refused and gone hears nothing: no reason for the test to die. Its children are
+    // to find the signal as they would elsewhere, so it is ignored only here.
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
     [[maybe_unused]] const ssize_t count = write(input_, text.data(), text.size());
+    std::signal(SIGPIPE, before);
 }
 
 void Child::closeInput() {
@@ -245,7 +253,7 @@ bool HelperRun::waitUntilReady() {
 }
 
 std::optional<InstallMessage> HelperRun::install() {
-    child_.say(std::string(installLine(InstallCommand::install)) + '\n');
+    child_.say(std::string(installCommand) + '\n');
     while (readMessage()) {
     }
     return finish();
@@ -259,9 +267,9 @@ std::optional<InstallMessage> HelperRun::finish() {
     return said_.empty() ? std::nullopt : std::optional(said_.back());
 }
 
-std::optional<InstallFault> faultOf(const std::optional<InstallMessage>& message) {
-    const auto* const refused = message ? std::get_if<InstallRefused>(&*message) : nullptr;
-    return refused == nullptr ? std::nullopt : std::optional(refused->fault);
+std::optional<UpdateProblem> faultOf(const std::optional<InstallMessage>& message) {
+    const auto* const refused = message ? std::get_if<Refusal>(&*message) : nullptr;
+    return refused == nullptr ? std::nullopt : std::optional(refused->problem);
 }
 
 std::optional<InstallMessage> installUpdate(const InstalledCopy& copy, const std::string& version,
@@ -272,4 +280,4 @@ std::optional<InstallMessage> installUpdate(const InstalledCopy& copy, const std
     return HelperRun(request, archive).install();
 }
 
-} // namespace platform::testing
+} // namespace updates::testing

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/updates/install/install_protocol.hpp"
-#include "platform/updates/testing/archive_maker.hpp"
+#include "updates/install/install_protocol.hpp"
+#include "updates/testing/archive_maker.hpp"
 
 #include <sys/types.h>
 
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace platform::testing {
+namespace updates::testing {
 
 /// The text of a program file for `goodUpdate`: it comes up, says its version and its arguments,
 /// confirms its start and tidies up; with the argument --stay it stays until its input ends.
@@ -22,7 +22,8 @@ namespace platform::testing {
 /// An installation on the disk, version 1.0.0, with the real launcher; removed in the end.
 class InstalledCopy {
   public:
-    InstalledCopy();
+    /// In a folder of its own below another one; empty: that for temporary files.
+    explicit InstalledCopy(const std::filesystem::path& below = {});
     ~InstalledCopy();
     InstalledCopy(const InstalledCopy& other); ///< another one on the disk, as that is now
     InstalledCopy& operator=(const InstalledCopy&) = delete;
@@ -105,10 +106,10 @@ class HelperRun {
 };
 
 /// Why it was refused; nothing when it was not.
-[[nodiscard]] std::optional<InstallFault> faultOf(const std::optional<InstallMessage>& message);
+[[nodiscard]] std::optional<UpdateProblem> faultOf(const std::optional<InstallMessage>& message);
 
 /// Installs an update from beginning to end; what the helper said last.
 std::optional<InstallMessage> installUpdate(const InstalledCopy& copy, const std::string& version,
                                             const std::string& program = workingProgram());
 
-} // namespace platform::testing
+} // namespace updates::testing

@@ -1,4 +1,6 @@
-#include "platform/updates/testing/test_key.hpp"
+#include "updates/testing/test_key.hpp"
+
+#include "updates/feed/signed_feed.hpp"
 
 #include <sodium.h>
 
@@ -6,7 +8,7 @@
 #include <cstdlib>
 #include <string_view>
 
-namespace platform::testing {
+namespace updates::testing {
 namespace {
 
 using SecretKey = std::array<unsigned char, crypto_sign_SECRETKEYBYTES>;
@@ -40,4 +42,14 @@ std::string testSignature(std::span<const std::byte> bytes) {
     return text;
 }
 
-} // namespace platform::testing
+std::string testStatement(std::string_view feed, std::uint64_t serial, std::chrono::days valid) {
+    FeedStatement statement{
+        serial,
+        std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()) + valid,
+        {}};
+    const std::string bytes = signedBytes(statement, std::as_bytes(std::span(feed)));
+    statement.signature = testSignature(std::as_bytes(std::span(bytes)));
+    return feedStatementText(statement);
+}
+
+} // namespace updates::testing
