@@ -1,4 +1,4 @@
-#include "fernhorn/controls/button_face.hpp"
+#include "fernhorn/buttons/button_face.hpp"
 
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 
@@ -64,7 +64,7 @@ double capitalsLift(const QFont& font) {
 }
 
 void paintButtonFace(QPainter& painter, const QRectF& bounds, const ButtonFace& face,
-                     const ButtonState& state, platform::TitleText& layout) {
+                     const ButtonState& state, platform::LineText& layout) {
     const double opacity = painter.opacity();
     painter.setOpacity(state.isEnabled ? opacity : opacity * 0.5);
     if (const auto* const image = face.images.image(state)) {

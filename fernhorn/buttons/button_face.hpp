@@ -1,18 +1,27 @@
 #pragma once
 
 #include "fernhorn/fonts/fern_font.hpp"
-#include "platform/ui/cells/cell_painting.hpp"
+#include "platform/controls/button.hpp"
+#include "platform/controls/cell_painting.hpp"
+#include "platform/controls/line_text.hpp"
 
 #include <QColor>
 #include <QFont>
 #include <QRectF>
 #include <QString>
 
+#include <cstdint>
+
 namespace platform {
 class ImageAsset;
 }
 
 namespace fernhorn {
+
+// Values; what reads the kit's bundle or paints is for the main thread.
+
+/// The colours of the buttons with a lamp.
+enum class ChaosButtonColor : std::uint8_t { yellow };
 
 /// What the look of a button depends on.
 struct ButtonState {
@@ -81,6 +90,46 @@ struct ButtonFace {
 /// half as opaque. A caption that is too long is cut at its end. `layout` keeps the caption laid
 /// out between two paintings.
 void paintButtonFace(QPainter& painter, const QRectF& bounds, const ButtonFace& face,
-                     const ButtonState& state, platform::TitleText& layout);
+                     const ButtonState& state, platform::LineText& layout);
+
+// Looks for the platform's own button.
+
+/// A row of a panel that can be switched on, 27 points high. Main thread.
+class ModernButtonStyle final : public platform::ButtonStyle {
+  public:
+    /// `color` is the label's while it is off.
+    ModernButtonStyle(bool isOn, const QColor& color) : isOn_(isOn), color_(color) {}
+
+    [[nodiscard]] bool isOn() const { return isOn_; }
+    [[nodiscard]] QColor color() const { return color_; }
+
+    [[nodiscard]] QFont font() const override;
+    [[nodiscard]] double height() const override { return 27; }
+    [[nodiscard]] QMarginsF labelPadding() const override { return {12, 0, 12, 0}; }
+    void paint(QPainter& painter, const QRectF& body,
+               const platform::ButtonConfiguration& configuration) const override;
+
+  private:
+    bool isOn_;
+    QColor color_;
+};
+
+/// A wide, quiet button that leads to settings, as high as its artwork. Main
+/// thread.
+class SettingsButtonStyle final : public platform::ButtonStyle {
+  public:
+    explicit SettingsButtonStyle(FernFont font) : font_(font) {}
+
+    [[nodiscard]] FernFont fernFont() const { return font_; }
+
+    [[nodiscard]] QFont font() const override;
+    [[nodiscard]] double height() const override;
+    [[nodiscard]] QMarginsF labelPadding() const override { return {14, 0, 14, 0}; }
+    void paint(QPainter& painter, const QRectF& body,
+               const platform::ButtonConfiguration& configuration) const override;
+
+  private:
+    FernFont font_;
+};
 
 } // namespace fernhorn

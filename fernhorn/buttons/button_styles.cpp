@@ -1,7 +1,7 @@
-#include "fernhorn/controls/button_styles.hpp"
+#include "fernhorn/buttons/button_face.hpp"
 
-#include "fernhorn/controls/button_face.hpp"
 #include "platform/assets/asset_catalog.hpp"
+#include "platform/controls/line_text.hpp"
 
 #include <QPainter>
 
@@ -23,7 +23,7 @@ ButtonImages settingsImages() {
 void paintLabelled(QPainter& painter, const QRectF& body, const ButtonImages& images,
                    const QFont& font, const QColor& ink,
                    const platform::ButtonConfiguration& configuration, bool isOn) {
-    platform::TitleText layout;
+    platform::LineText layout;
     paintButtonFace(painter, body,
                     {images,
                      {.text = configuration.label,

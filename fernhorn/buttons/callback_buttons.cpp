@@ -1,4 +1,6 @@
-#include "fernhorn/controls/chaos_button.hpp"
+#include "fernhorn/buttons/callback_buttons.hpp"
+
+#include <QGuiApplication>
 
 #include <utility>
 
@@ -33,6 +35,24 @@ void ChaosButton::pressDidStep(PressStep step) {
     if (step == PressStep::clicked && onPressed_) {
         const auto callback = onPressed_; // it may destroy the button
         callback();
+    }
+}
+
+bool isOptionKeyHeld() {
+    return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::AltModifier);
+}
+
+ImageButton::ImageButton(const platform::ImageAsset* image, const platform::ImageAsset* downImage,
+                         std::function<void(bool)> onPressed, QSizeF buttonSize, QWidget* parent,
+                         std::function<bool()> optionKey)
+    : PressButton({ButtonImages::plain(image, downImage)}, buttonSize, parent),
+      onPressed_(std::move(onPressed)),
+      optionKey_(std::move(optionKey)) {}
+
+void ImageButton::pressDidStep(PressStep step) {
+    if (step == PressStep::clicked && onPressed_) {
+        const auto callback = onPressed_; // it may destroy the button
+        callback(optionKey_());
     }
 }
 

@@ -1,4 +1,4 @@
-#include "fernhorn/controls/parameter_press.hpp"
+#include "fernhorn/buttons/parameter_press.hpp"
 
 #include "core/fatal.hpp"
 
@@ -50,6 +50,7 @@ ParameterPress::~ParameterPress() {
 void ParameterPress::follow(PressStep step) {
     switch (step) {
     case PressStep::none:
+    case PressStep::crossed:
         return;
     case PressStep::began:
         begin();

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "fernhorn/controls/button_press.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
+#include "platform/controls/press_tracker.hpp"
 
 #include <memory>
 #include <optional>
 
 namespace fernhorn {
+
+using platform::PressStep;
 
 /// What a press writes into its parameter. A value.
 class PressEdit {

@@ -1,5 +1,5 @@
-#include "fernhorn/controls/parameter_press.hpp"
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/buttons/parameter_press.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
 
@@ -10,50 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::Pair;
-
-constexpr core::Size size{80, 36};
-
-TEST(ButtonPress, BeginsOnTheButtonAndEndsOnceWhereverThePointerIs) {
-    const struct {
-        core::Point down, up;
-        PressStep begin, end;
-    } cases[] = {
-        {{0, 0}, {79.9, 35.9}, PressStep::began, PressStep::clicked},
-        {{40, 18}, {80, 18}, PressStep::began, PressStep::cancelled},
-        {{40, 18}, {40, -0.1}, PressStep::began, PressStep::cancelled},
-        {{40, 18}, {9000, -9000}, PressStep::began, PressStep::cancelled},
-        {{40, 36}, {40, 18}, PressStep::none, PressStep::none},
-        {{-1, 18}, {40, 18}, PressStep::none, PressStep::none},
-    };
-    for (const auto& [down, up, begin, end] : cases) {
-        ButtonPress press;
-        EXPECT_EQ(press.press(down, size), begin);
-        EXPECT_EQ(press.isPressed(), begin == PressStep::began);
-        EXPECT_EQ(press.release(up, size), end) << up.x << ' ' << up.y;
-        EXPECT_FALSE(press.isPressed());
-        EXPECT_EQ(press.release(up, size), PressStep::none);
-        EXPECT_EQ(press.cancel(), PressStep::none);
-    }
-}
-
-TEST(ButtonPress, BelongsToTheMouseOrToOneKey) {
-    ButtonPress press;
-    EXPECT_EQ(press.pressKey(1), PressStep::began);
-    EXPECT_EQ(press.pressKey(2), PressStep::none);
-    EXPECT_EQ(press.press({1, 1}, size), PressStep::none);
-    EXPECT_EQ(press.release({1, 1}, size), PressStep::none);
-    EXPECT_EQ(press.moveMouse(false), PressStep::none);
-    EXPECT_EQ(press.releaseKey(2), PressStep::none);
-    EXPECT_EQ(press.releaseKey(1), PressStep::clicked);
-    EXPECT_EQ(press.press({1, 1}, size), PressStep::began);
-    EXPECT_EQ(press.pressKey(1), PressStep::none);
-    EXPECT_EQ(press.releaseKey(1), PressStep::none);
-    EXPECT_EQ(press.moveMouse(true), PressStep::none);
-    EXPECT_EQ(press.moveMouse(false), PressStep::cancelled); // the release went elsewhere
-    EXPECT_EQ(press.pressKey(1), PressStep::began);
-    EXPECT_EQ(press.cancel(), PressStep::cancelled);
-    EXPECT_EQ(press.releaseKey(1), PressStep::none);
-}
 
 class ParameterPressTest : public testing::Test {
   protected:

@@ -1,7 +1,6 @@
-#include "fernhorn/controls/dial.hpp"
+#include "fernhorn/dials/dial.hpp"
 
-#include "fernhorn/controls/film_strip.hpp"
-#include "fernhorn/controls/repaint.hpp"
+#include "fernhorn/dials/pictures.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/format/default_label_formatter.hpp"
 
@@ -11,6 +10,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -23,6 +23,54 @@ std::shared_ptr<const LabelFormatter> orDefault(std::shared_ptr<const LabelForma
                                 : std::make_shared<DefaultLabelFormatter>(param, 1);
 }
 
+DialDesign chaosDesign() {
+    return {.frames = QStringLiteral("knobs/chaos-dial-grey_"),
+            .imageCount = 51,
+            .knobMinDrag = 6,
+            .knobDragScaleFactor = 0.005F,
+            .knobSize = {56, 64},
+            .knobLift = 16,
+            .axis = {28, 20.5},
+            .reach = 20.5,
+            .labelColor = QStringLiteral("pluginGrey"),
+            .labelFont = FernFont::dosisMedium};
+}
+
+DialDesign mediumDesign(SmallDialColor color) {
+    struct Names {
+        const char* frames;
+        const char* label;
+    };
+    static constexpr std::array<Names, 4> names{{{"blue", "pluginBlue"},
+                                                 {"yellow", "pluginYellow"},
+                                                 {"red", "pluginRed"},
+                                                 {"purple", "pluginPurple"}}};
+    const Names& name = names.at(static_cast<std::size_t>(color));
+    return {.frames = QStringLiteral("knobs/dial-medium-%1-").arg(QLatin1String(name.frames)),
+            .imageCount = 51,
+            .knobMinDrag = 6,
+            .knobDragScaleFactor = 0.005F,
+            .knobSize = {68, 84},
+            .knobLift = 16,
+            .axis = {34, 28.5},
+            .reach = 28.5,
+            .labelColor = QLatin1String(name.label),
+            .labelFont = FernFont::rocket};
+}
+
+DialDesign tinyDesign() {
+    return {.frames = QStringLiteral("knobs/dial-small-grey-"),
+            .imageCount = 51,
+            .knobMinDrag = 3,
+            .knobDragScaleFactor = 0.01F,
+            .knobSize = {34, 40},
+            .knobLift = 0,
+            .axis = {17, 20},
+            .reach = 17,
+            .labelColor = QStringLiteral("tinyDialLabel"),
+            .labelFont = FernFont::rocket};
+}
+
 } // namespace
 
 Dial::Dial(std::shared_ptr<AudioParameter> param, const DialDesign& design,
@@ -33,6 +81,8 @@ Dial::Dial(std::shared_ptr<AudioParameter> param, const DialDesign& design,
                   filmStripContent(FilmStrip::ofKit(design.frames, design.imageCount)), parent),
       knobSize_(design.knobSize),
       knobLift_(design.knobLift),
+      axis_(design.axis),
+      reach_(design.reach),
       label_(*this, param, labelDisplayOptions, orDefault(std::move(formatter), *param),
              std::move(onEditingEnded), resourceBundle().assets().color(design.labelColor),
              design.labelFont) {
@@ -60,6 +110,11 @@ QSize Dial::sizeHint() const {
 
 QRectF Dial::knobRect() const {
     return knobRect_;
+}
+
+KnobControl::FocusShape Dial::focusShape() const {
+    const QPointF middle = knobRect_.topLeft() + QPointF(axis_.x, axis_.y);
+    return {{middle - QPointF(reach_, reach_), QSizeF(2 * reach_, 2 * reach_)}, reach_};
 }
 
 KnobClick Dial::clickAt(QPointF point) const {
@@ -95,6 +150,12 @@ bool Dial::event(QEvent* event) {
         }
         return isDealtWith;
     }
+    case QEvent::Wheel:
+        if (isEditing()) {
+            event->ignore(); // it would replace what is being typed; the page may scroll
+            return false;
+        }
+        break;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress: {
         if (isEditing()) {
@@ -102,16 +163,19 @@ bool Dial::event(QEvent* event) {
             event->ignore();
             return false;
         }
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
             event->accept();
-            if (event->type() == QEvent::KeyPress) {
+            if (event->type() == QEvent::KeyPress && !heldKey_.isRepeat(key)) {
                 openField();
             }
             return true;
         }
         break;
     }
+    case QEvent::KeyRelease:
+        static_cast<void>(heldKey_.isRepeat(*static_cast<QKeyEvent*>(event)));
+        break;
     default:
         break;
     }
@@ -133,5 +197,28 @@ void Dial::paintEvent(QPaintEvent* /*event*/) {
     paintKnob(painter);
     label_.paint(painter);
 }
+
+ChaosDial::ChaosDial(std::shared_ptr<AudioParameter> param, ModernDialColor color,
+                     const LabelDisplayOptions& labelDisplayOptions,
+                     std::shared_ptr<const LabelFormatter> formatter,
+                     std::function<void()> onEditingEnded, QWidget* parent)
+    : Dial(std::move(param), chaosDesign(), labelDisplayOptions, std::move(formatter),
+           std::move(onEditingEnded), parent),
+      color_(color) {}
+
+MediumDial::MediumDial(std::shared_ptr<AudioParameter> param, SmallDialColor color,
+                       const LabelDisplayOptions& labelDisplayOptions,
+                       std::shared_ptr<const LabelFormatter> formatter,
+                       std::function<void()> onEditingEnded, QWidget* parent)
+    : Dial(std::move(param), mediumDesign(color), labelDisplayOptions, std::move(formatter),
+           std::move(onEditingEnded), parent),
+      color_(color) {}
+
+TinyDial::TinyDial(std::shared_ptr<AudioParameter> param,
+                   const LabelDisplayOptions& labelDisplayOptions,
+                   std::shared_ptr<const LabelFormatter> formatter,
+                   std::function<void()> onEditingEnded, QWidget* parent)
+    : Dial(std::move(param), tinyDesign(), labelDisplayOptions, std::move(formatter),
+           std::move(onEditingEnded), parent) {}
 
 } // namespace fernhorn

@@ -1,14 +1,38 @@
 #pragma once
 
-#include "fernhorn/controls/dial_layout.hpp"
-#include "fernhorn/controls/knob_control.hpp"
-#include "fernhorn/controls/label_part.hpp"
+#include "core/geometry.hpp"
+#include "fernhorn/dials/knob_control.hpp"
+#include "fernhorn/dials/value_label.hpp"
 
 #include <QString>
 
+#include <algorithm>
+#include <cstdint>
+
 namespace fernhorn {
 
-/// What is the same for all dials of a kind.
+/// Where the two layers of a dial lie: the knob and the label around one centre, the knob shifted
+/// upwards, so that it may stand out of the layers' common height at the top. A
+/// value.
+struct DialLayout {
+    core::Rect knob;
+    core::Point labelCenter;
+};
+
+/// How far the knob stands out. Any thread.
+[[nodiscard]] constexpr double dialOverhang(core::Size knob, double lift, double labelHeight) {
+    return std::max(0.0, lift - (std::max(knob.height, labelHeight) - knob.height) / 2);
+}
+
+/// The layers within a widget that has room for the overhang at its top. Any thread.
+[[nodiscard]] constexpr DialLayout layOutDial(core::Size widget, core::Size knob, double lift,
+                                              double labelHeight) {
+    const double overhang = dialOverhang(knob, lift, labelHeight);
+    const core::Point center{widget.width / 2, overhang + (widget.height - overhang) / 2};
+    return {{{center.x - knob.width / 2, center.y - knob.height / 2 - lift}, knob}, center};
+}
+
+/// What is the same for all dials of a kind; a value.
 struct DialDesign {
     QString frames; ///< the images are called this and then "01", "02" …
     int imageCount;
@@ -16,6 +40,8 @@ struct DialDesign {
     float knobDragScaleFactor; ///< share of the travel for each point
     core::Size knobSize;       ///< points
     double knobLift;           ///< points upwards from the middle
+    core::Point axis;          ///< the middle of the knob that the images show, in their frame
+    double reach;              ///< from there to where the focus ring ends, points
     QString labelColor;        ///< the caption's, by its name in the kit's bundle
     FernFont labelFont;
 };
@@ -56,6 +82,8 @@ class Dial : public KnobControl {
 
   protected:
     [[nodiscard]] QRectF knobRect() const override;
+    [[nodiscard]] FocusShape focusShape() const override;
+    [[nodiscard]] bool showsValue() const override { return true; }
     [[nodiscard]] KnobClick clickAt(QPointF point) const override;
     void valueDidChange(float value) override;
     bool event(QEvent* event) override;
@@ -65,9 +93,68 @@ class Dial : public KnobControl {
   private:
     const core::Size knobSize_;
     const double knobLift_;
+    const core::Point axis_;
+    const double reach_;
     LabelPart label_;
     QRectF knobRect_;
+    platform::HeldKey heldKey_;
     bool isLabelPressed_ = false;
+};
+
+/// The colours of large dials.
+enum class ModernDialColor : std::uint8_t { grey };
+
+/// The large dial. Main thread.
+class ChaosDial final : public Dial {
+    Q_OBJECT
+
+  public:
+    /// See `Dial`.
+    ChaosDial(std::shared_ptr<AudioParameter> param, ModernDialColor color,
+              const LabelDisplayOptions& labelDisplayOptions,
+              std::shared_ptr<const LabelFormatter> formatter = nullptr,
+              std::function<void()> onEditingEnded = {}, QWidget* parent = nullptr);
+
+    [[nodiscard]] ModernDialColor color() const { return color_; }
+
+  private:
+    const ModernDialColor color_;
+};
+
+/// The colours of the lit ring.
+enum class SmallDialColor : std::uint8_t { blue, yellow, red, purple };
+
+/// The dial with a lit ring around it. Main thread.
+class MediumDial final : public Dial {
+    Q_OBJECT
+
+  public:
+    /// See `Dial`.
+    MediumDial(std::shared_ptr<AudioParameter> param, SmallDialColor color,
+               const LabelDisplayOptions& labelDisplayOptions,
+               std::shared_ptr<const LabelFormatter> formatter = nullptr,
+               std::function<void()> onEditingEnded = {}, QWidget* parent = nullptr);
+
+    [[nodiscard]] SmallDialColor color() const { return color_; }
+
+  private:
+    const SmallDialColor color_;
+};
+
+/// The colours of small dials.
+enum class TinyDialColor : std::uint8_t { grey };
+
+/// The small dial. Main thread.
+class TinyDial final : public Dial {
+    Q_OBJECT
+
+  public:
+    /// See `Dial`.
+    TinyDial(std::shared_ptr<AudioParameter> param, const LabelDisplayOptions& labelDisplayOptions,
+             std::shared_ptr<const LabelFormatter> formatter = nullptr,
+             std::function<void()> onEditingEnded = {}, QWidget* parent = nullptr);
+
+    [[nodiscard]] TinyDialColor color() const { return TinyDialColor::grey; }
 };
 
 } // namespace fernhorn

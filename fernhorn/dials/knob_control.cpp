@@ -1,10 +1,10 @@
-#include "fernhorn/controls/knob_control.hpp"
+#include "fernhorn/dials/knob_control.hpp"
 
-#include "fernhorn/controls/film_strip.hpp"
-#include "fernhorn/controls/knob_accessible.hpp"
-#include "fernhorn/controls/repaint.hpp"
-#include "fernhorn/controls/value_text.hpp"
-#include "platform/ui/focus_ring.hpp"
+#include "fernhorn/dials/internal/accessible.hpp"
+#include "fernhorn/dials/internal/knob_input.hpp"
+#include "fernhorn/dials/pictures.hpp"
+#include "fernhorn/dials/value_label.hpp"
+#include "platform/controls/focus_ring.hpp"
 
 #include <QFocusEvent>
 #include <QMouseEvent>
@@ -30,8 +30,13 @@ KnobControl::KnobControl(std::shared_ptr<AudioParameter> param, double knobMinDr
       imageCount_(imageCount),
       content_(std::move(content)),
       readOutFormatter_(makeReadOutFormatter(*param_)),
-      input_(*this, param_, feel_,
-             [this] { return valueText(*param_, *readOutFormatter_, param_->value()); }),
+      input_(std::make_unique<KnobInput>(*this, param_, feel_,
+                                         [this] {
+                                             return showsValue()
+                                                        ? QString()
+                                                        : textWithUnit(*param_, *readOutFormatter_,
+                                                                       param_->value());
+                                         })),
       valueObserver_(param_->observeValue([this](float value) { valueDidChange(value); })) {
     installKnobAccessibility();
     setFocusPolicy(Qt::TabFocus);
@@ -40,11 +45,15 @@ KnobControl::KnobControl(std::shared_ptr<AudioParameter> param, double knobMinDr
 KnobControl::~KnobControl() = default;
 
 std::optional<double> KnobControl::lastDragValue() const {
-    return input_.drag().lastDragValue();
+    return input_->drag().lastDragValue();
 }
 
 std::optional<float> KnobControl::continuousDragValue() const {
-    return input_.drag().continuousDragValue();
+    return input_->drag().continuousDragValue();
+}
+
+bool KnobControl::isPressed() const {
+    return input_->drag().isPressed();
 }
 
 void KnobControl::setReadOutFormatter(std::shared_ptr<const LabelFormatter> formatter) {
@@ -61,7 +70,7 @@ void KnobControl::valueDidChange(float value) {
         imageIndex_ = index;
         repaintWithGround(*this);
     }
-    input_.valueDidChange();
+    input_->valueDidChange();
 }
 
 bool KnobControl::event(QEvent* event) {
@@ -92,7 +101,7 @@ bool KnobControl::event(QEvent* event) {
     const QPointer<KnobControl> self(this);
     const auto param = param_;
     const float before = param->valueWithPendingEdits();
-    const bool isDealtWith = input_.handle(*event, click);
+    const bool isDealtWith = input_->handle(*event, click);
     if (self == nullptr) {
         return true;
     }
@@ -113,7 +122,8 @@ void KnobControl::paintKnob(QPainter& painter) {
     const QRectF place = knobRect();
     content_(painter, place, imageIndex_);
     if (showsFocus_ && hasFocus() && isActiveWindow()) {
-        platform::paintFocusRing(painter, place, 4, palette());
+        const auto [bounds, radius] = focusShape();
+        platform::paintFocusRing(painter, bounds, radius, palette());
     }
 }
 

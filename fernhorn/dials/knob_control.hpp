@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/subscription.hpp"
-#include "fernhorn/controls/knob_input.hpp"
+#include "fernhorn/dials/knob_gestures.hpp"
 #include "fernhorn/format/label_formatter.hpp"
 
 #include <QWidget>
@@ -13,11 +13,12 @@
 namespace fernhorn {
 
 class FilmStrip;
+class KnobInput;
 
-/// Draws a knob into a rectangle; `imageIndex` is the frame to show, from 1 on.
+/// Draws a knob into a rectangle; `imageIndex` is the frame to show, from 1 on. Main thread.
 using KnobContent = std::function<void(QPainter& painter, const QRectF& rect, int imageIndex)>;
 
-/// The frames of a strip, which outlives the knob.
+/// The frames of a strip, which outlives the knob. Main thread.
 KnobContent filmStripContent(const FilmStrip& strip);
 
 /// A knob over a parameter. Dragging it upwards turns it up, with Shift ten times finer; a double
@@ -59,12 +60,20 @@ class KnobControl : public QWidget {
   protected:
     /// Where the knob is drawn.
     [[nodiscard]] virtual QRectF knobRect() const { return rect(); }
+    /// Where the focus ring lies, and how round it is.
+    struct FocusShape {
+        QRectF bounds;
+        double radius;
+    };
+    [[nodiscard]] virtual FocusShape focusShape() const { return {knobRect(), 4}; }
+    /// Whether the value can be read on the knob itself; others show it beside a drag.
+    [[nodiscard]] virtual bool showsValue() const { return false; }
     /// Whether a click there may reset the parameter.
     [[nodiscard]] virtual KnobClick clickAt(QPointF /*point*/) const { return KnobClick::resets; }
     /// The parameter has this value now, or the knob is first shown.
     virtual void valueDidChange(float value);
     /// Whether the pointer has been pressed here and is still down.
-    [[nodiscard]] bool isPressed() const { return input_.drag().isPressed(); }
+    [[nodiscard]] bool isPressed() const;
     /// Paints the knob and the focus ring.
     void paintKnob(QPainter& painter);
 
@@ -77,7 +86,7 @@ class KnobControl : public QWidget {
     const std::int64_t imageCount_;
     const KnobContent content_;
     std::shared_ptr<const LabelFormatter> readOutFormatter_;
-    KnobInput input_;
+    const std::unique_ptr<KnobInput> input_;
     core::Subscription valueObserver_;
     int imageIndex_ = 1;
     bool showsFocus_ = false;

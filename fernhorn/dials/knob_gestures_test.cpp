@@ -1,8 +1,5 @@
-#include "fernhorn/controls/knob_drag.hpp"
-#include "fernhorn/controls/knob_wheel.hpp"
-#include "fernhorn/controls/parameter_steps.hpp"
-#include "fernhorn/controls/pointer_hold.hpp"
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/dials/knob_gestures.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
 

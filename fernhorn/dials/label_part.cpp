@@ -1,7 +1,7 @@
-#include "fernhorn/controls/label_part.hpp"
+#include "fernhorn/dials/value_label.hpp"
 
-#include "fernhorn/controls/text_pictures.hpp"
-#include "fernhorn/controls/value_field.hpp"
+#include "fernhorn/dials/internal/value_field.hpp"
+#include "fernhorn/dials/pictures.hpp"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -47,7 +47,9 @@ LabelPart::LabelPart(QWidget& view, std::shared_ptr<AudioParameter> param,
       captions_(pictures(font, options.labelFontSize, color_)),
       values_(pictures(font, options.valueFontSize, valueColor_)),
       caption_(options.showName ? toQString(editing_->param()->name()).toUpper() : QString()),
-      suffix_(options.showSuffix ? toQString(editing_->param()->displayableSuffix()) : QString()) {
+      suffix_(options.showSuffix && !editing_->formatter()->writesUnit()
+                  ? toQString(editing_->param()->displayableSuffix())
+                  : QString()) {
     valueDidChange(editing_->param()->value());
 }
 
@@ -173,8 +175,9 @@ bool LabelPart::eventFilter(QObject* object, QEvent* event) {
         object->isWidgetType()) {
         // Few widgets take the keyboard when they are clicked, so the click itself ends the edit.
         const auto& pressed = static_cast<const QWidget&>(*object);
+        // Other windows, the field's own menu among them, leave it as it is.
         const bool isOwn = &pressed == field_ || field_->isAncestorOf(&pressed) ||
-                           pressed.window()->windowType() == Qt::Popup;
+                           pressed.window() != view_.window();
         const QPointF point = static_cast<QMouseEvent*>(event)->globalPosition();
         if (!isOwn && !rect().contains(view_.mapFromGlobal(point))) {
             field_->clearFocus();
@@ -187,8 +190,8 @@ bool LabelPart::eventFilter(QObject* object, QEvent* event) {
 bool LabelPart::valueDidChange(float value) {
     editing_->valueDidChange(value);
     QString text = toQString(editing_->valueString());
-    if (editing_->isEditing() && field_->text() != text) { // else the selection stays
-        field_->setText(text);
+    if (editing_->isEditing()) {
+        field_->follow(text);
     }
     if (text == text_) {
         return false;

@@ -1,7 +1,9 @@
-#include "fernhorn/controls/dial_label.hpp"
+#include "fernhorn/dials/value_label.hpp"
 
-#include "fernhorn/controls/dial_label_accessible.hpp"
-#include "platform/ui/focus_ring.hpp"
+#include "fernhorn/dials/internal/accessible.hpp"
+#include "fernhorn/format/default_label_formatter.hpp"
+#include "fernhorn/format/label_name_formatter.hpp"
+#include "platform/controls/focus_ring.hpp"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -12,6 +14,60 @@
 #include <utility>
 
 namespace fernhorn {
+
+std::shared_ptr<const LabelFormatter> makeReadOutFormatter(const AudioParameter& parameter) {
+    const auto& names = parameter.valueStrings();
+    const ValueRange range = parameter.valueRange();
+    if (parameter.isIndexed() && names && range.lower >= 0 &&
+        range.upper < static_cast<float>(names->size())) {
+        return std::make_shared<LabelNameFormatter>(parameter);
+    }
+    return std::make_shared<DefaultLabelFormatter>(parameter, 1);
+}
+
+QString textWithUnit(const AudioParameter& parameter, const LabelFormatter& formatter,
+                     float value) {
+    const QString text = QString::fromStdString(formatter.format(value));
+    const std::string_view suffix = parameter.displayableSuffix();
+    return suffix.empty() || formatter.writesUnit()
+               ? text
+               : text + u' ' +
+                     QString::fromUtf8(suffix.data(), static_cast<qsizetype>(suffix.size()));
+}
+
+LabelEditing::LabelEditing(std::shared_ptr<AudioParameter> param,
+                           std::shared_ptr<const LabelFormatter> formatter,
+                           std::function<void()> onEditingEnded)
+    : param_(std::move(param)),
+      formatter_(std::move(formatter)),
+      onEditingEnded_(std::move(onEditingEnded)) {}
+
+bool LabelEditing::click() {
+    if (isEditing_) {
+        return false;
+    }
+    valueDidChange(param_->value()); // what was typed and abandoned is over
+    isEditing_ = true;
+    return true;
+}
+
+void LabelEditing::submit() {
+    const auto self = shared_from_this(); // whoever is told may destroy the label
+    if (const auto typed = formatter_->parse(valueString_)) {
+        param_->setValue(*typed * param_->displayScaleFactor(), ParameterEditor::ui,
+                         ParameterEditorState::change);
+    }
+    end();
+}
+
+void LabelEditing::end() {
+    const auto self = shared_from_this();
+    if (onEditingEnded_) {
+        onEditingEnded_();
+    }
+    valueDidChange(param_->value());
+    isEditing_ = false;
+}
 
 DialLabel::DialLabel(std::shared_ptr<AudioParameter> param,
                      const LabelDisplayOptions& displayOptions,
@@ -73,11 +129,19 @@ void DialLabel::mouseReleaseEvent(QMouseEvent* event) {
 
 void DialLabel::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isRepeat = heldKey_.isRepeat(*event);
     if (isReturn && !isEditing()) {
-        openField();
+        if (!isRepeat) {
+            openField();
+        }
     } else {
         event->ignore(); // the host may want it
     }
+}
+
+void DialLabel::keyReleaseEvent(QKeyEvent* event) {
+    static_cast<void>(heldKey_.isRepeat(*event));
+    event->ignore();
 }
 
 void DialLabel::focusInEvent(QFocusEvent* event) {

@@ -9,12 +9,19 @@ class BundleFinder {
     static inline const char anchor = 0;
 };
 
+constexpr const char* bundleName = "Fernhorn_Fernhorn";
+
 } // namespace
 
 const platform::Bundle& resourceBundle() {
     static const std::unique_ptr<platform::Bundle> bundle =
-        platform::findModuleBundle("Fernhorn_Fernhorn", &BundleFinder::anchor);
+        platform::findModuleBundle(bundleName, &BundleFinder::anchor);
     return *bundle;
+}
+
+bool hasResourceBundle() {
+    return platform::openBundle(QString::fromLatin1(bundleName),
+                                platform::moduleBundleCandidates(&BundleFinder::anchor)) != nullptr;
 }
 
 } // namespace fernhorn

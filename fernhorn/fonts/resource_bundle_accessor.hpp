@@ -8,4 +8,8 @@ namespace fernhorn {
 /// program when it is missing. Main thread.
 const platform::Bundle& resourceBundle();
 
+/// Whether `resourceBundle` would find it: what a plug-in asks first, whose host must not be
+/// stopped. Needs the application object. Main thread.
+bool hasResourceBundle();
+
 } // namespace fernhorn

@@ -14,6 +14,9 @@ class LabelFormatter {
     [[nodiscard]] virtual std::string format(float value) const = 0;
     /// Nothing when the text is not understood.
     [[nodiscard]] virtual std::optional<float> parse(std::string_view text) const = 0;
+    /// Whether the text has the value's unit in it already ("3.07 kHz"): then labels, read-outs and
+    /// screen readers add none.
+    [[nodiscard]] virtual bool writesUnit() const { return false; }
 };
 
 } // namespace fernhorn

@@ -1,6 +1,9 @@
-#include "fernhorn/header/header_tabs.hpp"
+#include "fernhorn/header/header_parts.hpp"
 
-#include "platform/ui/accessible_role.hpp"
+#include "fernhorn/buttons/button_face.hpp"
+#include "fernhorn/fonts/fern_font.hpp"
+#include "platform/assets/asset_catalog.hpp"
+#include "platform/controls/accessible_role.hpp"
 
 #include <QFontMetricsF>
 #include <QHBoxLayout>
@@ -8,6 +11,7 @@
 #include <QPainter>
 
 #include <cmath>
+#include <utility>
 
 namespace fernhorn {
 namespace {
@@ -36,6 +40,27 @@ QSizeF sizeOf(const AudioParameter& param, int index, const QFont& font) {
 }
 
 } // namespace
+
+LogoButton::LogoButton(const platform::ImageAsset* logo, std::function<void()> onPressed,
+                       QWidget* parent)
+    : PressButton({ButtonImages::plain(logo, logo)}, logo != nullptr ? logo->size() : QSizeF(),
+                  parent),
+      onPressed_(std::move(onPressed)) {
+    setAccessibleName(tr("The maker's website"));
+}
+
+void LogoButton::pressDidStep(PressStep step) {
+    if (step == PressStep::clicked) {
+        const auto callback = onPressed_; // it may destroy the button
+        callback();
+    }
+}
+
+void LogoButton::paintContent(QPainter& painter, const ButtonState& state) {
+    painter.setOpacity(state.isPressed ? 0.6 : 1);
+    PressButton::paintContent(painter, state);
+    painter.setOpacity(1);
+}
 
 HeaderTab::HeaderTab(const std::shared_ptr<AudioParameter>& param, int valueIndex,
                      const QFont& font, QWidget* parent)
@@ -66,6 +91,32 @@ HeaderTabs::HeaderTabs(const std::shared_ptr<AudioParameter>& param, const QFont
     for (int i = 0; i < count; ++i) {
         row->addWidget(new HeaderTab(param, i, font, this));
     }
+}
+
+QFont UpdateButtonStyle::font() const {
+    return CustomFontModifier{FernFont::dosisMedium, labelSize}.resolved();
+}
+
+double UpdateButtonStyle::height() const {
+    const QMarginsF padding = labelPadding();
+    return QFontMetricsF(font()).height() + padding.top() + padding.bottom();
+}
+
+void UpdateButtonStyle::paint(QPainter& painter, const QRectF& body,
+                              const platform::ButtonConfiguration& configuration) const {
+    constexpr double radius = 4;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(painter.opacity() * (configuration.isPressed ? 0.8 : 1));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(kitColor("updateBackground"));
+    painter.drawRoundedRect(body, radius, radius);
+    painter.setPen(kitColor("background"));
+    painter.setFont(font());
+    const QRectF place = body.marginsRemoved(labelPadding());
+    painter.drawText(place.translated(0, -capitalsLift(font())),
+                     Qt::AlignCenter | Qt::TextSingleLine, configuration.label);
+    painter.restore();
 }
 
 } // namespace fernhorn

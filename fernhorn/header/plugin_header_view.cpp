@@ -1,13 +1,11 @@
 #include "fernhorn/header/plugin_header_view.hpp"
 
 #include "core/fatal.hpp"
-#include "fernhorn/controls/button_face.hpp"
+#include "fernhorn/buttons/button_face.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
-#include "fernhorn/header/header_tabs.hpp"
-#include "fernhorn/header/logo_button.hpp"
-#include "fernhorn/header/update_button_style.hpp"
-#include "platform/ui/button.hpp"
-#include "platform/ui/padded_item.hpp"
+#include "fernhorn/header/header_parts.hpp"
+#include "platform/controls/button.hpp"
+#include "platform/controls/padded_item.hpp"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -46,7 +44,10 @@ QLabel* makeVersionLabel(const QString& version, FernFont font) {
     label->setText(version);
     CustomFontModifier{font, versionSize}.apply(*label);
     QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, kitColor("versionInfo"));
+    QColor ink = kitColor("versionInfo");
+    palette.setColor(QPalette::WindowText, ink);
+    ink.setAlphaF(0.5F);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, ink);
     label->setPalette(palette);
     return label;
 }

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "fernhorn/fonts/fern_font.hpp"
-#include "fernhorn/header/addresses.hpp"
-#include "fernhorn/header/update_available_details.hpp"
 #include "fernhorn/model/audio_parameter.hpp"
 #include "platform/ui/workspace.hpp"
 
+#include <QString>
 #include <QUrl>
 #include <QWidget>
 
@@ -21,7 +20,17 @@ class Button;
 
 namespace fernhorn {
 
-class HeaderTabs;
+namespace addresses {
+/// The maker's website, unless a plug-in says otherwise.
+inline constexpr const char* makerWebsite = "https://www.fennick.example/";
+} // namespace addresses
+
+/// What is known of a newer release. A value.
+struct UpdateAvailableDetails {
+    QString newVersion; ///< its number, as it is shown
+
+    friend bool operator==(const UpdateAvailableDetails&, const UpdateAvailableDetails&) = default;
+};
 
 /// The strip above a plug-in's pages: the maker's logo, the tabs of the pages, the version or an
 /// update, and the plug-in's menu. 46 points high. Right-to-left languages see it mirrored. Main

@@ -1,13 +1,11 @@
 #include "fernhorn/header/plugin_header_view.hpp"
 
-#include "fernhorn/controls/button_face.hpp"
+#include "fernhorn/buttons/button_face.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
-#include "fernhorn/header/header_tabs.hpp"
-#include "fernhorn/header/logo_button.hpp"
-#include "fernhorn/header/update_button_style.hpp"
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/header/header_parts.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
+#include "platform/controls/button.hpp"
 #include "platform/testing/window_testing.hpp"
-#include "platform/ui/button.hpp"
 
 #include <QFontMetricsF>
 #include <QLabel>
@@ -174,6 +172,8 @@ TEST_F(PluginHeader, ShowsTheVersionOrTheUpdate) {
     EXPECT_EQ(update().text(), "1.2.0B AVAILABLE");
     header->setUpdateDetails({});
     EXPECT_TRUE(version().isVisible());
+    header->setEnabled(false); // and it dims with the rest
+    EXPECT_EQ(pixelsOf(version().grab().toImage().scaled(200, 60), kitColor("versionInfo")), 0);
     make(TestParameter{}.on(queue),
          UpdateAvailableDetails{"2"}); // without tabs the rest is as ever
     EXPECT_EQ(header->findChild<HeaderTabs*>(), nullptr);
@@ -197,14 +197,38 @@ TEST_F(PluginHeader, OpensTheMakersWebsiteAndTheUpdate) {
 TEST_F(PluginHeader, TabGoesThroughItInItsOrder) {
     make(pages, UpdateAvailableDetails{"1.2.0"});
     menu->setFocusPolicy(Qt::TabFocus);
-    std::vector<QWidget*> expected{header->findChild<LogoButton*>()};
-    std::ranges::copy(tabs(), std::back_inserter(expected));
-    expected.insert(expected.end(), {&update(), menu});
-    expected.front()->setFocus();
-    for (QWidget* const part : expected) {
-        EXPECT_EQ(QApplication::focusWidget(), part);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    }
+    // Of the tabs it comes to the chosen one; arrows, Home and End go through them.
+    const auto expectRound = [this](QWidget* tab) {
+        auto& logo = *header->findChild<LogoButton*>();
+        logo.setFocus();
+        for (QWidget* const part :
+             {static_cast<QWidget*>(&logo), tab, static_cast<QWidget*>(&update()), menu}) {
+            EXPECT_EQ(QApplication::focusWidget(), part);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        menu->setFocus();
+        QTest::keyClick(menu, Qt::Key_Backtab);
+        QTest::keyClick(&update(), Qt::Key_Backtab);
+        EXPECT_EQ(QApplication::focusWidget(), tab);
+    };
+    expectRound(tabs()[0]);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+    queue.drain();
+    EXPECT_EQ(pages->value(), 2);
+    expectRound(tabs()[2]);
+    pages->setValue(1, fromUnit, change); // while another one has the keyboard
+    queue.drain();
+    QTest::keyClick(tabs()[2], Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget(), header->findChild<LogoButton*>());
+    expectRound(tabs()[1]);
+    QTest::keyClick(tabs()[1], Qt::Key_Home);
+    queue.drain();
+    EXPECT_EQ(pages->value(), 0);
+    pages->setValue(1.5F, fromUnit, change); // none is chosen
+    queue.drain();
+    expectRound(tabs()[0]);
+    delete tabs()[0];
+    expectRound(tabs()[0]);
 }
 
 TEST_F(PluginHeader, TheUpdateStyleIsAPlateAroundItsLabel) {

@@ -1,4 +1,4 @@
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -186,6 +186,55 @@ TEST_F(AudioParameterTest, LivesUntilItsPendingChangesHaveArrived) {
         }
     }
     EXPECT_TRUE(weak.expired()) << "a queue that ends releases what it has never delivered";
+}
+
+TEST_F(AudioParameterTest, WhoeverDrainsTheNewestValueStays) {
+    // An observer runs a dialog, say, while changes of both sources are merged.
+    for (const auto source : {fromUi, fromUnit}) {
+        core::MainQueue small(2);
+        const auto merged = TestParameter{}.on(small);
+        small.post([] {});
+        small.post([] {});
+        std::vector<float> second;
+        const auto first = merged->observeValue([&](float value) {
+            if (value == 0.1F) {
+                small.drain(); // the ring is open again
+                merged->setValue(0.3F, source, change);
+                small.drain();
+            }
+        });
+        const auto behind = merged->observeValue([&](float value) { second.push_back(value); });
+        merged->setValue(0.1F, fromUnit, change);
+        merged->setValue(0.2F, fromUi, change);
+        while (small.drain()) {
+        }
+        EXPECT_EQ(merged->value(), 0.3F);
+        EXPECT_THAT(second, ElementsAre(0.3F)) << "not an older value after it";
+    }
+}
+
+TEST(ParameterLife, AQueueThatNobodyDrainsKeepsNoMoreThanItsRing) {
+    core::MainQueue queue(16);
+    std::vector<std::weak_ptr<AudioParameter>> all;
+    for (int instance = 0; instance < 20; ++instance) {
+        std::vector<std::shared_ptr<AudioParameter>> parameters;
+        for (int i = 0; i < 50; ++i) {
+            parameters.push_back(TestParameter{}.on(queue));
+            all.push_back(parameters.back());
+            parameters.back()->setValue(0.5F, fromUnit, change);
+            parameters.back()->setValue(0.75F, fromUi, change);
+        }
+    }
+    const auto alive = [&] {
+        return std::ranges::count_if(all, [](const auto& one) { return !one.expired(); });
+    };
+    EXPECT_LE(alive(), 16);
+    const auto last = TestParameter{}.on(queue);
+    last->setValue(1, fromUnit, change);
+    while (queue.drain()) {
+    }
+    EXPECT_EQ(alive(), 0);
+    EXPECT_EQ(last->value(), 1);
 }
 
 TEST_F(AudioParameterTest, ObserversMayLeaveAndEditWithinANotification) {

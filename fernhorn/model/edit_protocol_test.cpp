@@ -1,6 +1,6 @@
 #include "fernhorn/model/parameter_gesture.hpp"
 #include "fernhorn/model/parameter_settings.hpp"
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
 
 #include <gtest/gtest.h>
 
@@ -71,13 +71,18 @@ struct PlainModel {
         return shown;
     }
 
+    int gestures = 0;
     void open(bool isDrag) {
         isEdited = isEdited || isDrag;
-        set(newest(), fromUi, begin);
+        if (++gestures == 1) {
+            set(newest(), fromUi, begin);
+        }
     }
     void close(bool isDrag) {
         isEdited = isEdited && !isDrag;
-        set(newest(), fromUi, end);
+        if (--gestures == 0) {
+            set(newest(), fromUi, end);
+        }
     }
 
     void drain(std::size_t count) {

@@ -8,11 +8,15 @@ ParameterGesture::ParameterGesture(std::shared_ptr<AudioParameter> parameter, Ge
     : parameter_(std::move(parameter)), style_(style) {
     // Observers may end the gesture's owner; the parameter is held here.
     const auto edited = parameter_;
-    if (style.marksParameter) {
+    const bool isFirst = edited->gestures_++ == 0;
+    if (style.marksParameter && edited->markingGestures_++ == 0) {
         edited->setBeingInteractivelyEdited(true);
     }
-    edited->setValue(style.openingValue.value_or(edited->valueWithPendingEdits()),
-                     ParameterEditor::ui, ParameterEditorState::beginInteractive);
+    if (isFirst || style.openingValue) {
+        edited->setValue(
+            style.openingValue.value_or(edited->valueWithPendingEdits()), ParameterEditor::ui,
+            isFirst ? ParameterEditorState::beginInteractive : ParameterEditorState::change);
+    }
 }
 
 ParameterGesture::ParameterGesture(ParameterGesture&& other) noexcept
@@ -40,14 +44,17 @@ void ParameterGesture::end() {
         return;
     }
     const auto style = style_;
-    if (style.marksParameter) {
+    if (style.marksParameter && --parameter->markingGestures_ == 0) {
         parameter->setBeingInteractivelyEdited(false);
     }
     if (style.closingValue) {
         parameter->setValue(*style.closingValue, ParameterEditor::ui, ParameterEditorState::change);
     }
-    parameter->setValue(style.closingValue.value_or(parameter->valueWithPendingEdits()),
-                        ParameterEditor::ui, ParameterEditorState::endInteractive);
+    // Only now: a gesture that an observer has begun meanwhile goes on with this touch.
+    if (--parameter->gestures_ == 0) {
+        parameter->setValue(style.closingValue.value_or(parameter->valueWithPendingEdits()),
+                            ParameterEditor::ui, ParameterEditorState::endInteractive);
+    }
 }
 
 } // namespace fernhorn

@@ -29,7 +29,9 @@ struct GestureStyle {
 /// One touch of a control: sends `beginInteractive` when it is made and `endInteractive` exactly
 /// once, when it is ended or destroyed, so that a host never waits for a release. A control keeps
 /// it (in an optional) from its first movement on and drops it on release, on losing the pointer
-/// and with itself. Main thread.
+/// and with itself. Gestures that overlap on one parameter (a burst of the wheel over one control,
+/// a drag of another) are one touch: the first sends the begin and the last the end, and the
+/// parameter stays marked until the last that marks it has ended. Main thread.
 class [[nodiscard]] ParameterGesture {
   public:
     /// `parameter` must not be null; the gesture keeps it alive.

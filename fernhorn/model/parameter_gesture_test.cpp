@@ -1,5 +1,5 @@
 #include "fernhorn/model/parameter_gesture.hpp"
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -75,6 +75,26 @@ TEST_F(ParameterGestureTest, ADragIsDeafToTheUnitAndAPressIsNot) {
         EXPECT_THAT(events, ElementsAre(Pair(1, before), Pair(2, after)));
         EXPECT_EQ(parameter->value(), after);
     }
+}
+
+TEST_F(ParameterGestureTest, GesturesThatOverlapAreOneTouch) {
+    ParameterGesture wheel(parameter);
+    wheel.change(0.6F);
+    ParameterGesture drag(parameter);
+    drag.change(0.7F);
+    wheel.end();
+    queue.drain();
+    EXPECT_TRUE(parameter->isBeingInteractivelyEdited());
+    parameter->setValue(0.1F, fromUnit, change);
+    queue.drain();
+    EXPECT_EQ(parameter->value(), 0.7F) << "the drag goes on";
+    {
+        const ParameterGesture press(parameter, GestureStyle::momentary(0));
+        drag.end();
+        EXPECT_FALSE(parameter->isBeingInteractivelyEdited()) << "a press does not mark";
+    }
+    EXPECT_THAT(events, ElementsAre(Pair(1, 0.5F), Pair(0, 0.6F), Pair(0, 0.7F), Pair(0, 0),
+                                    Pair(0, 0), Pair(2, 0)));
 }
 
 TEST_F(ParameterGestureTest, AMomentaryPressLeavesTheParameterReleased) {

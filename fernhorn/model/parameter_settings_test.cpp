@@ -2,13 +2,15 @@
 
 #include "core/bundle_information.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <limits>
+#include <thread>
 
 namespace fernhorn {
 namespace {
@@ -118,6 +120,73 @@ TEST_F(ParameterSettingsTest, EachPartMayGoFirst) {
     tree->parameterWithAddress(1)->setValue(0);
     queue.drain();
     EXPECT_EQ(plain->value(), 1) << "a tree that outlives the settings calls nothing";
+}
+
+TEST_F(ParameterSettingsTest, KeepsTheTreeThatHostsObserveWhileItIsRight) {
+    connect();
+    const auto tree = unit->parameterTree();
+    connect();
+    EXPECT_EQ(unit->parameterTree(), tree);
+    settings->setupParameters({plain, meta});
+    connect();
+    EXPECT_NE(unit->parameterTree(), tree);
+    EXPECT_EQ(unit->parameterTree()->children().size(), 2U);
+}
+
+TEST_F(ParameterSettingsTest, AUnitStartsFromTheNewestValueOnItsWay) {
+    plain->auParameter()->setValue(0.25F); // a host that nobody listens to yet
+    connect();
+    meta->auParameter()->setValue(0.75F);
+    named->setValue(1, fromUnit, change); // shown only, as a dependent parameter may be
+    const auto later = std::make_shared<RecordingUnit>();
+    settings->configureAudioUnit(later);
+    EXPECT_THAT(later->values, ElementsAre(Pair(1, 0.25F), Pair(2, 0.75F), Pair(3, 1), Pair(1, 0)));
+    queue.drain();
+    EXPECT_EQ(plain->value(), 0.25F);
+    EXPECT_EQ(meta->value(), 0.75F);
+    later->values.clear();
+    settings->configureAudioUnit(later);
+    EXPECT_THAT(later->values, ElementsAre(Pair(1, 0.25F), Pair(2, 0.75F), Pair(3, 1), Pair(1, 0)));
+}
+
+TEST_F(ParameterSettingsTest, ListensWhereverItStandsAndFromItsConstructorOn) {
+    struct SetUpAtOnce : ParameterSettings {
+        SetUpAtOnce(const std::shared_ptr<FernAudioUnit>& unit, Parameters all) {
+            setupParameters(std::move(all));
+            configureAudioUnit(unit);
+            setupParameterTreeListeners();
+        }
+        ~SetUpAtOnce() override { stopListening(); }
+    };
+    const auto hostWrites = [&](float value) {
+        unit->parameterTree()->parameterWithAddress(1)->setValue(value);
+        queue.drain();
+        return plain->value();
+    };
+    {
+        const auto shared =
+            std::make_shared<SetUpAtOnce>(unit, ParameterSettings::Parameters{plain});
+        EXPECT_EQ(hostWrites(0.25F), 0.25F);
+    }
+    EXPECT_EQ(hostWrites(0.5F), 0.25F) << "it has ended";
+    std::atomic<bool> isOver{false};
+    {
+        const SetUpAtOnce held(unit, {plain});
+        EXPECT_EQ(hostWrites(0.75F), 0.75F);
+    }
+    for (int round = 0; round < 50; ++round) { // and it may end while a host writes
+        auto held = std::make_unique<SetUpAtOnce>(unit, ParameterSettings::Parameters{plain});
+        isOver = false;
+        std::thread host([&, tree = unit->parameterTree()] {
+            for (int i = 0; !isOver; ++i) {
+                tree->parameterWithAddress(1)->setValue(static_cast<float>(i % 3) / 2);
+            }
+        });
+        queue.drain(5);
+        held.reset();
+        isOver = true;
+        host.join();
+    }
 }
 
 TEST_F(ParameterSettingsTest, WritesTextsForHosts) {

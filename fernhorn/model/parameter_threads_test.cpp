@@ -1,7 +1,7 @@
 // Made for ThreadSanitizer: everything here happens on several threads at once.
 #include "fernhorn/model/parameter_gesture.hpp"
 #include "fernhorn/model/parameter_settings.hpp"
-#include "fernhorn/model/test_parameter.hpp"
+#include "fernhorn/testing/test_parameter.hpp"
 
 #include <gtest/gtest.h>
 
@@ -73,30 +73,111 @@ TEST(ParameterThreads, EverySourceArrivesInOrderAndWithItsNewestValue) {
 }
 
 // One thread writes both sources of one parameter, merged: what it called last is what ends up
-// shown, and its calls are never shown in the wrong order.
+// shown, and its calls are never shown in the wrong order, also where observers drain in turn.
 TEST(ParameterThreads, BothSourcesOfOneThreadKeepItsOrder) {
-    core::MainQueue queue(2);
-    const auto parameter = TestParameter{.range = {-1, 1e6F}, .defaultValue = -1}.on(queue);
-    float last = -1;
-    bool isOrdered = true;
-    const auto subscription = parameter->observeValue([&](float value) {
-        isOrdered = isOrdered && value > last;
-        last = value;
-    });
-    std::atomic<bool> isOver{false};
-    std::thread writer([&] {
-        for (int i = 0; i < rounds; ++i) {
-            parameter->setValue(static_cast<float>(i), i % 3 == 0 ? fromUi : fromUnit, change);
+    for (const bool observersDrain : {false, true}) {
+        core::MainQueue queue(2);
+        const auto parameter = TestParameter{.range = {-1, 1e6F}, .defaultValue = -1}.on(queue);
+        float last = -1;
+        bool isOrdered = true;
+        int depth = 0;
+        const auto subscription = parameter->observeValue([&](float value) {
+            isOrdered = isOrdered && value > last;
+            last = value;
+            if (observersDrain && depth < 3) {
+                ++depth;
+                queue.drain(4);
+                --depth;
+            }
+        });
+        std::atomic<bool> isOver{false};
+        std::thread writer([&] {
+            for (int i = 0; i < rounds; ++i) {
+                parameter->setValue(static_cast<float>(i), i % 3 == 0 ? fromUi : fromUnit, change);
+            }
+            isOver = true;
+        });
+        while (!isOver) {
+            queue.drain(10);
         }
-        isOver = true;
-    });
-    while (!isOver) {
-        queue.drain(10);
+        writer.join();
+        while (queue.drain()) {
+        }
+        EXPECT_TRUE(isOrdered);
+        EXPECT_EQ(last, static_cast<float>(rounds - 1));
+        EXPECT_EQ(parameter->value(), last);
     }
-    writer.join();
-    queue.drain();
-    EXPECT_TRUE(isOrdered);
-    EXPECT_EQ(last, static_cast<float>(rounds - 1));
+}
+
+// A host and the interface write one parameter at the same time: when nothing is pending, the tree,
+// the interface and the signal processing have the same value.
+TEST(ParameterThreads, TreeInterfaceAndSignalProcessingAgreeInTheEnd) {
+    class Unit final : public FernAudioUnit {
+      public:
+        void setParameter(platform::AUParameterAddress, float newValue) override {
+            value.store(newValue);
+        }
+        std::atomic<float> value{0};
+    };
+    for (const std::size_t capacity : {2U, 1024U}) {
+        core::MainQueue queue(capacity);
+        const auto parameter = TestParameter{.range = {0, 1e6F}}.on(queue);
+        const auto unit = std::make_shared<Unit>();
+        const auto settings = std::make_shared<ParameterSettings>();
+        settings->setupParameters({parameter});
+        settings->configureAudioUnit(unit);
+        settings->setupParameterTreeListeners();
+        std::atomic<int> turn{0};
+        std::atomic<int> done{0};
+        constexpr int pairs = rounds / 10;
+        std::array<std::thread, 2> writers;
+        for (std::size_t w = 0; w < writers.size(); ++w) {
+            writers[w] = std::thread([&, w] {
+                for (int i = 1; i <= pairs; ++i) {
+                    for (int spin = 0; turn < i; ++spin) {
+                        if (spin % 256 == 255) {
+                            std::this_thread::yield();
+                        }
+                    }
+                    // In turn: the interface beside a host, and two hosts, one of which writes
+                    // what is shown.
+                    const bool areHosts = i % 2 == 0;
+                    const float value = areHosts && w == 0 ? parameter->value()
+                                                           : static_cast<float>(2 * (i % 5)) +
+                                                                 static_cast<float>(w);
+                    if (w == 0 || areHosts) {
+                        parameter->auParameter()->setValue(value);
+                    } else {
+                        parameter->setValue(value, fromUi, change);
+                    }
+                    ++done;
+                }
+            });
+        }
+        int shownWrong = 0;
+        int processedWrong = 0;
+        for (int i = 1; i <= pairs; ++i) {
+            turn = i;
+            for (int spin = 0; done < 2 * i; ++spin) {
+                if (i % 2 == 0) { // in between, too
+                    queue.drain();
+                }
+                if (spin % 256 == 255) {
+                    std::this_thread::yield();
+                }
+            }
+            while (queue.drain()) {
+            }
+            const float inTree = parameter->auParameter()->value();
+            shownWrong += parameter->value() != inTree ? 1 : 0;
+            processedWrong += unit->value != inTree ? 1 : 0;
+        }
+        for (auto& writer : writers) {
+            writer.join();
+        }
+        EXPECT_EQ(shownWrong, 0) << "of " << pairs;
+        EXPECT_EQ(processedWrong, 0) << "of " << pairs;
+    }
 }
 
 TEST(ParameterThreads, ParametersMayEndWhileTheirChangesArePending) {

@@ -5,12 +5,21 @@
 
 #include <atomic>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 
 namespace fernhorn {
 
 class AudioParameter;
+
+/// One change of a parameter's value.
+struct ParameterChange {
+    float value = 0;
+    ParameterEditor source = ParameterEditor::parameterObserver;
+    /// The write to the `AUParameter` that it belongs to; absent for what was only set here.
+    std::optional<platform::AUParameterWrite> write;
+};
 
 /// The changes of one parameter that are on their way to the main thread: how many there are, and
 /// the newest of each source where the main queue has no room for every single one.
@@ -22,13 +31,16 @@ class PendingChanges final : public core::Mergeable {
     ~PendingChanges() = default;
 
     /// Any thread. What happened before a change arrived is seen after this has said false.
-    [[nodiscard]] bool isAny() const { return count_.load(std::memory_order_acquire) != 0; }
+    [[nodiscard]] bool isAny() const { return count_.load(std::memory_order_seq_cst) != 0; }
 
     /// Any thread. The newest edit from a control, if one is pending.
     [[nodiscard]] std::optional<float> newestEdit() const;
 
+    /// Any thread. The newest change, unless it is a write to the `AUParameter`.
+    [[nodiscard]] std::optional<float> newestUnwritten() const;
+
     /// Any thread. Sends a change on its way.
-    void send(float value, ParameterEditor source, core::MainQueue& queue);
+    void send(const ParameterChange& change, core::MainQueue& queue);
 
     /// Main thread. A change has arrived, or was dropped there.
     void arrived(ParameterEditor source) { subtract(source); }
@@ -37,11 +49,12 @@ class PendingChanges final : public core::Mergeable {
     struct Arrival;
     static constexpr std::uint64_t empty = ~std::uint64_t{0};
 
-    void merge(float value, ParameterEditor source, core::MainQueue& queue);
+    void merge(const ParameterChange& change, core::MainQueue& queue);
     void subtract(ParameterEditor source);
-    [[nodiscard]] std::uint64_t takeNewest(ParameterEditor source, std::uint32_t end) noexcept;
+    [[nodiscard]] std::uint64_t takeNewest(ParameterEditor source,
+                                           platform::AUParameterWrite last) noexcept;
 
-    void leaveLine() noexcept override;
+    bool leaveLine() noexcept override;
     void take() noexcept override;
     void apply() override;
     void discard() noexcept override;
@@ -49,14 +62,14 @@ class PendingChanges final : public core::Mergeable {
     // Lower half: changes from the audio unit's side; upper half: edits of controls.
     std::atomic<std::uint64_t> count_{0};
     std::atomic<float> newestEdit_{0};
-    std::atomic<std::uint32_t> nextStamp_{0};
+    std::atomic<float> newestUnwritten_{std::numeric_limits<float>::quiet_NaN()}; // NaN: none
     AudioParameter& parameter_;
 
-    // By source: a stamp, which tells what was called first, above the bits of the value. No value
-    // is NaN, so `empty` is none.
+    // By source: a number of the `AUParameter`, which tells what came first, above the bits of the
+    // value. No value is NaN, so `empty` is none.
     std::atomic<std::uint64_t> newest_[2]{empty, empty};
-    std::shared_ptr<AudioParameter> inLine_;    // keeps the parameter alive
-    std::shared_ptr<AudioParameter> outOfLine_; // likewise; the main thread's own
+    std::shared_ptr<AudioParameter> inLine_;    // where somebody will come and take it out
+    std::shared_ptr<AudioParameter> outOfLine_; // the main thread's own
     std::uint64_t taken_[2]{empty, empty};      // the main thread's own
 };
 

@@ -1,15 +1,16 @@
-// A plug-in window for the test over the accessibility bus.
+// A plug-in window for the test over the accessibility bus; one of its dials is played all the
+// time.
 
-#include "fernhorn/controls/chaos_button.hpp"
-#include "fernhorn/controls/mode_toggle_button.hpp"
-#include "fernhorn/controls/parameter_hold_button.hpp"
-#include "fernhorn/controls/toggle_button.hpp"
+#include "fernhorn/buttons/callback_buttons.hpp"
+#include "fernhorn/buttons/parameter_buttons.hpp"
+#include "fernhorn/dials/dial.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/header/plugin_header_view.hpp"
-#include "platform/ui/accessible_role.hpp"
+#include "platform/controls/accessible_role.hpp"
 #include "platform/ui/main_queue_driver.hpp"
 
 #include <QApplication>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace fernhorn;
@@ -23,23 +24,41 @@ std::shared_ptr<AudioParameter> make(const char* name, std::vector<std::string> 
         ValueIncrement::linear(), names.empty() ? std::nullopt : std::optional(std::move(names)));
 }
 
+std::shared_ptr<AudioParameter> makeHertz(const char* name) {
+    return std::make_shared<AudioParameter>(0, name, name, platform::AudioUnitParameterUnit::hertz,
+                                            ValueRange{0, 1000}, 440.0F, ValueIncrement::linear());
+}
+
+void setByHost(AudioParameter& parameter, float value) {
+    parameter.setValue(value, ParameterEditor::parameterObserver, ParameterEditorState::change);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("fernhorn_sample"));
+    resourceBundle().assets().registerFonts();
     const platform::MainQueueDriver driver;
     const auto page = make("Page", {"Bands", "Carrier"});
     const auto wave = make("Wave", {"Sine", "Saw"});
     const auto mute = make("Mute");
+    const auto played = makeHertz("Played");
     const QSizeF size(80, 36);
     const auto* const pad = resourceBundle().assets().image(QStringLiteral("hold-pad"));
+    const LabelDisplayOptions options{{1, 1, 1, 1}, 11, 13, 13, true, false, 52};
 
     QWidget window;
     auto* const column = new QVBoxLayout(&window);
+    // First, so that it is not near the lower end of the screen.
+    column->addWidget(new ChaosDial(makeHertz("Cutoff"), ModernDialColor::grey, options));
     column->addWidget(new PluginHeaderView({}, QStringLiteral("1.1.0"), page,
                                            UpdateAvailableDetails{QStringLiteral("1.2.0")},
                                            FernFont::rocket, nullptr));
+    column->addWidget(new TinyDial(played, options));
+    auto* const disabled = new TinyDial(makeHertz("Out of reach"), options);
+    disabled->setEnabled(false);
+    column->addWidget(disabled);
     auto* const group = new QWidget;
     platform::setAccessibleRole(*group, QAccessible::Grouping);
     group->setAccessibleName(QStringLiteral("Waves"));
@@ -50,23 +69,27 @@ int main(int argc, char** argv) {
     }
     column->addWidget(group);
     column->addWidget(new ToggleButton(mute, {}, 13, Qt::white, size));
+    column->addWidget(new LeftRightArrowButton(make("Direction"), 1, {40, 28}));
     column->addWidget(new ParameterHoldButton(make("Stutter"), pad, pad));
     ChaosButton* automate = nullptr;
     automate = new ChaosButton(
         ChaosButtonColor::yellow, QStringLiteral("Automate"),
         [&] {
-            const auto byHost = [](AudioParameter& parameter) {
-                parameter.setValue(1 - parameter.value(), ParameterEditor::parameterObserver,
-                                   ParameterEditorState::change);
-            };
-            byHost(*mute);
-            byHost(*wave);
-            byHost(*page);
+            for (const auto& parameter : {mute, wave, page}) {
+                setByHost(*parameter, 1 - parameter->value());
+            }
             core::MainQueue::shared().post(
                 [&] { automate->setAccessibleName(QStringLiteral("Automated")); });
         },
         size);
     column->addWidget(automate);
+
+    QTimer automation;
+    QObject::connect(&automation, &QTimer::timeout, [&played, next = 0.0F]() mutable {
+        next = next < 900 ? next + 1 : 0;
+        setByHost(*played, next);
+    });
+    automation.start(5);
     window.show();
     return QApplication::exec();
 }

@@ -1,6 +1,6 @@
-#include "fernhorn/controls/press_button_accessible.hpp"
+#include "fernhorn/buttons/internal/press_button_accessible.hpp"
 
-#include "fernhorn/controls/press_button.hpp"
+#include "fernhorn/buttons/press_button.hpp"
 
 #include <QAccessibleWidget>
 
@@ -28,6 +28,7 @@ class PressButtonAccessible final : public QAccessibleWidget {
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.pressed = button().isPressed();
+        state.focusable = true; // also where Tab comes to another of its group
         state.checkable = isCheckable(role());
         state.checked = state.checkable && button().isOn();
         state.selectable = role() == QAccessible::PageTab;
@@ -62,11 +63,6 @@ class PressButtonAccessible final : public QAccessibleWidget {
     }
 };
 
-QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-    auto* const button = qobject_cast<PressButton*>(object);
-    return button != nullptr ? new PressButtonAccessible(*button) : nullptr;
-}
-
 void announceChange(PressButton& button, QAccessible::State changed) {
     QAccessibleStateChangeEvent event(&button, changed);
     QAccessible::updateAccessibility(&event);
@@ -74,9 +70,8 @@ void announceChange(PressButton& button, QAccessible::State changed) {
 
 } // namespace
 
-void installPressButtonAccessibility() {
-    [[maybe_unused]] static const bool isInstalled =
-        (QAccessible::installFactory(makeAccessible), true);
+QAccessibleInterface* makePressButtonAccessible(PressButton& button) {
+    return new PressButtonAccessible(button);
 }
 
 void announcePressed(PressButton& button) {
@@ -93,6 +88,9 @@ void announceOn(PressButton& button) {
         QAccessible::State changed;
         changed.checked = true;
         announceChange(button, changed);
+    } else { // the way it points, for example
+        QAccessibleEvent event(&button, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&event);
     }
 }
 

@@ -1,11 +1,14 @@
 #pragma once
 
+class QAccessibleInterface;
+
 namespace fernhorn {
 
 class PressButton;
 
-/// Makes the kit's buttons known to screen readers: role, name, states and actions. Once is enough.
-void installPressButtonAccessibility();
+/// What screen readers are told of the kit's buttons: role, name, states and actions. Owned by the
+/// caller. Main thread, as all of this.
+[[nodiscard]] QAccessibleInterface* makePressButtonAccessible(PressButton& button);
 
 /// Tells screen readers that the button is pressed or released by now.
 void announcePressed(PressButton& button);

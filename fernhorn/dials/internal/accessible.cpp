@@ -1,8 +1,9 @@
-#include "fernhorn/controls/knob_accessible.hpp"
+#include "fernhorn/dials/internal/accessible.hpp"
 
-#include "fernhorn/controls/dial.hpp"
-#include "fernhorn/controls/parameter_steps.hpp"
-#include "fernhorn/controls/value_text.hpp"
+#include "fernhorn/dials/dial.hpp"
+#include "fernhorn/dials/knob_gestures.hpp"
+#include "fernhorn/dials/value_label.hpp"
+#include "platform/controls/accessible_factory.hpp"
 
 #include <QAccessibleWidget>
 
@@ -26,7 +27,7 @@ class KnobAccessible final : public QAccessibleWidget, public QAccessibleValueIn
                                                      : knob().accessibleName();
         case QAccessible::Description: // the bus carries no text for a value
         case QAccessible::Value:
-            return valueText(parameter(), *knob().readOutFormatter(), now());
+            return textWithUnit(parameter(), *knob().readOutFormatter(), now());
         default:
             return QAccessibleWidget::text(kind);
         }
@@ -87,16 +88,51 @@ class KnobAccessible final : public QAccessibleWidget, public QAccessibleValueIn
     }
 };
 
-QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-    auto* const knob = qobject_cast<KnobControl*>(object);
-    return knob != nullptr ? new KnobAccessible(*knob) : nullptr;
-}
+class DialLabelAccessible final : public QAccessibleWidget {
+  public:
+    explicit DialLabelAccessible(DialLabel& label)
+        : QAccessibleWidget(&label, QAccessible::Button) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        switch (kind) {
+        case QAccessible::Name:
+            return label().accessibleName().isEmpty()
+                       ? QString::fromStdString(label().param()->name())
+                       : label().accessibleName();
+        case QAccessible::Description:
+            return textWithUnit(*label().param(), *label().formatter(), label().param()->value());
+        default:
+            return QAccessibleWidget::text(kind);
+        }
+    }
+
+    [[nodiscard]] QStringList actionNames() const override {
+        QStringList names;
+        if (label().isEnabled()) {
+            names << pressAction();
+        }
+        return names + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& name) override {
+        if (name == pressAction()) {
+            label().openField();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+  private:
+    [[nodiscard]] DialLabel& label() const { return *static_cast<DialLabel*>(object()); }
+};
 
 } // namespace
 
 void installKnobAccessibility() {
-    [[maybe_unused]] static const bool isInstalled =
-        (QAccessible::installFactory(makeAccessible), true);
+    platform::addAccessibleMaker(KnobControl::staticMetaObject,
+                                 [](QObject& object) -> QAccessibleInterface* {
+                                     return new KnobAccessible(static_cast<KnobControl&>(object));
+                                 });
 }
 
 void announceKnobValue(KnobControl& knob) {
@@ -107,6 +143,13 @@ void announceKnobValue(KnobControl& knob) {
         QAccessibleEvent described(&knob, QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&described);
     }
+}
+
+void installDialLabelAccessibility() {
+    platform::addAccessibleMaker(
+        DialLabel::staticMetaObject, [](QObject& object) -> QAccessibleInterface* {
+            return new DialLabelAccessible(static_cast<DialLabel&>(object));
+        });
 }
 
 } // namespace fernhorn

@@ -1,6 +1,7 @@
-#include "fernhorn/controls/knob_input.hpp"
+#include "fernhorn/dials/internal/knob_input.hpp"
 
-#include "fernhorn/controls/parameter_steps.hpp"
+#include "fernhorn/dials/knob_gestures.hpp"
+#include "platform/controls/qt_input.hpp"
 
 #include <QAbstractScrollArea>
 #include <QCursor>
@@ -19,8 +20,6 @@
 
 namespace fernhorn {
 namespace {
-
-constexpr float anglePerNotch = 120;
 
 core::Point pointOf(QPointF point) {
     return {point.x(), point.y()};
@@ -219,16 +218,11 @@ bool KnobInput::turn(const QWheelEvent& event) {
     if (drag_.isPressed()) {
         return true; // one thing at a time
     }
-    // Some systems turn the wheel sideways while a modifier key is held.
-    const QPoint angle = event.angleDelta();
-    const int upwards = angle.y() != 0 ? angle.y() : angle.x();
-    // What rolls on by itself after the fingers are gone turns nothing.
-    const bool isByHand = event.phase() != Qt::ScrollMomentum;
-    const float notches = isByHand ? static_cast<float>(upwards) / anglePerNotch : 0;
+    const platform::WheelTurn turned = platform::toWheelTurn(event);
     const QPointer<QWidget> view(&view_);
-    const bool isTaken =
-        wheel_.turn(core::Clock::system().now(), event.inverted() ? -notches : notches,
-                    isFine(event), isInScrollArea(view_));
+    const bool isTaken = wheel_.turn(core::Clock::system().now(),
+                                     static_cast<float>(platform::notchesByHand(turned)),
+                                     isFine(event), isInScrollArea(view_));
     if (view != nullptr) {
         followBurst();
     }
@@ -294,7 +288,9 @@ void KnobInput::givePointerBack() {
 }
 
 void KnobInput::showReadOut() const {
-    QToolTip::showText(view_.mapToGlobal(QPoint(view_.width(), 0)), readOut_(), &view_);
+    if (const QString text = readOut_(); !text.isEmpty()) {
+        QToolTip::showText(view_.mapToGlobal(QPoint(view_.width(), 0)), text, &view_);
+    }
 }
 
 } // namespace fernhorn

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "fernhorn/controls/knob_drag.hpp"
-#include "fernhorn/controls/knob_wheel.hpp"
-#include "fernhorn/controls/pointer_hold.hpp"
+#include "fernhorn/dials/knob_gestures.hpp"
 
 #include <QBasicTimer>
 #include <QCursor>
@@ -20,15 +18,12 @@ class QWidget;
 
 namespace fernhorn {
 
-/// What a click on a knob without a drag may do.
-enum class KnobClick { resets, doesNothing };
-
 /// Brings a widget's events to the gestures of a knob; hides and holds the pointer and shows the
 /// value beside the knob meanwhile. A part of the widget, destroyed with it: then, as whenever the
 /// pointer, the keyboard or the window goes away, an open touch is released. Main thread.
 class KnobInput {
   public:
-    /// `readOut` gives the text to show during a drag.
+    /// `readOut` gives the text to show during a drag; none when it is empty.
     KnobInput(QWidget& view, std::shared_ptr<AudioParameter> parameter, KnobFeel feel,
               std::function<QString()> readOut);
     ~KnobInput();

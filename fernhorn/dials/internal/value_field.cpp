@@ -1,5 +1,6 @@
-#include "fernhorn/controls/value_field.hpp"
+#include "fernhorn/dials/internal/value_field.hpp"
 
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -20,6 +21,19 @@ ValueField::ValueField(QWidget& label) : QLineEdit(&label) {
     setAttribute(Qt::WA_MacShowFocusRect, false);
 }
 
+void ValueField::follow(const QString& text) {
+    if (text == this->text()) {
+        return; // the selection stays
+    }
+    const bool isWholeSelected = hasSelectedText() && selectedText() == this->text();
+    const auto told = QAccessible::installUpdateHandler([](QAccessibleEvent*) {});
+    setText(text);
+    if (isWholeSelected) {
+        selectAll();
+    }
+    QAccessible::installUpdateHandler(told);
+}
+
 bool ValueField::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto& key = static_cast<QKeyEvent&>(*event);
@@ -32,9 +46,12 @@ bool ValueField::event(QEvent* event) {
 }
 
 void ValueField::keyPressEvent(QKeyEvent* event) {
+    const bool isRepeat = heldKey_.isRepeat(*event);
     if (isSubmit(*event)) {
         event->accept();
-        emit submitted();
+        if (!isRepeat) { // the key that has opened the field may still be held
+            emit submitted();
+        }
     } else if (event->key() == Qt::Key_Escape) {
         event->accept();
         emit escaped();
@@ -43,11 +60,23 @@ void ValueField::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+void ValueField::keyReleaseEvent(QKeyEvent* event) {
+    static_cast<void>(heldKey_.isRepeat(*event));
+    QLineEdit::keyReleaseEvent(event);
+}
+
 void ValueField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) { // its own menu comes back
+    // Its own menu gives the keyboard back, and so does another window.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
         emit left();
     }
+}
+
+bool ValueField::focusNextPrevChild(bool isNext) {
+    // Made late, the field stands last in the window; its place is the label's.
+    parentWidget()->setFocus(isNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return QLineEdit::focusNextPrevChild(isNext);
 }
 
 void ValueField::paintEvent(QPaintEvent* event) {

@@ -1,0 +1,31 @@
+// A plug-in with a window that screen readers look at; see unloading_test.cpp.
+
+#include "fernhorn/buttons/parameter_buttons.hpp"
+#include "fernhorn/dials/knob_control.hpp"
+#include "platform/controls/accessible_role.hpp"
+#include "platform/ui/main_queue_driver.hpp"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+using namespace fernhorn;
+
+extern "C" __attribute__((visibility("default"))) int openAndClose() {
+    const platform::MainQueueDriver driver;
+    const auto parameter = std::make_shared<AudioParameter>(
+        0, "cutoff", "Cutoff", platform::AudioUnitParameterUnit::generic, ValueRange{0, 1}, 0.5F,
+        ValueIncrement::linear());
+    QWidget window;
+    platform::setAccessibleRole(window, QAccessible::Grouping);
+    auto* const column = new QVBoxLayout(&window);
+    column->addWidget(
+        new KnobControl(parameter, 6, 0.005F, 51, [](QPainter&, const QRectF&, int) {}));
+    column->addWidget(new ToggleButton(parameter, {}, 12, Qt::white, {60, 27}));
+    window.show();
+    int known = 0;
+    for (QWidget* const widget : window.findChildren<QWidget*>()) {
+        const auto* const spoken = QAccessible::queryAccessibleInterface(widget);
+        known += spoken != nullptr && spoken->text(QAccessible::Name) == QStringLiteral("Cutoff");
+    }
+    return known;
+}
