@@ -4,14 +4,15 @@
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "driftwood/bridges/rounded_path.hpp"
 #include "driftwood/bridges/shake.hpp"
-#include "driftwood/bridges/style_follower.hpp"
 #include "driftwood/bridges/view_geometry.hpp"
 #include "driftwood/style/button_cell_style.hpp"
+#include "driftwood/style/styles.hpp"
 #include "driftwood/util/control_publisher.hpp"
 #include "platform/assets/asset_catalog.hpp"
 #include "platform/testing/window_testing.hpp"
 
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QLineEdit>
 #include <QListView>
 #include <QTest>
@@ -24,6 +25,19 @@
 
 namespace driftwood {
 namespace {
+
+TEST(BundleAssetSource, MonospacedDigitsAreOfOneWidth) {
+    installKitAssets();
+    const QFontMetricsF metrics(toQFont(Styles::BaseStyles::normalMonoFont()));
+    for (char digit = '1'; digit <= '9'; ++digit) {
+        EXPECT_NEAR(metrics.horizontalAdvance(QLatin1Char(digit)),
+                    metrics.horizontalAdvance(QLatin1Char('0')), 0.05)
+            << digit;
+    }
+    // Letters stay proportional.
+    EXPECT_LT(metrics.horizontalAdvance(QLatin1Char('i')),
+              metrics.horizontalAdvance(QLatin1Char('m')));
+}
 
 TEST(BundleAssetSource, GivesTheStylesWhatTheBundleHasAndNullOtherwise) {
     installKitAssets();
@@ -55,35 +69,6 @@ class PaintCounter final : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override { ++paints; }
 };
-
-TEST(StyleFollower, RepaintsEveryInstanceOncePerChange) {
-    installKitAssets();
-    ButtonCellStyle style;
-    QWidget window;
-    std::array<PaintCounter, 20> views;
-    std::vector<core::Subscription> subscriptions;
-    for (auto& view : views) {
-        view.setParent(&window);
-        view.resize(10, 10);
-        subscriptions.push_back(followStyle(view, style));
-    }
-    platform::testing::showActive(window);
-    platform::testing::runFor(50);
-    for (auto& view : views) {
-        view.paints = 0;
-    }
-    {
-        const StyleEdit edit(style);
-        style.setTextColor(makeColor(Qt::red));
-        style.setFont(makeFont(QFont("monospace")));
-    }
-    style.setTextColor(makeColor(Qt::red));
-    platform::testing::runFor(50);
-    for (auto& view : views) {
-        EXPECT_EQ(view.paints, 1);
-        view.setParent(nullptr);
-    }
-}
 
 class ClickableWidget final : public QWidget, public ClickableView {
   public:

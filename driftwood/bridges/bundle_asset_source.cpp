@@ -2,7 +2,7 @@
 
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "platform/assets/asset_catalog.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
 
 namespace driftwood {
 namespace {
@@ -59,9 +59,12 @@ Image BundleAssetSource::image(std::string_view name) const {
     return makeImage(catalog_.image(text(name)));
 }
 
-Font BundleAssetSource::systemFont(double size, FontWeight weight, FontDigits) const {
-    return makeFont(
-        platform::systemFont(size, weight == FontWeight::medium ? QFont::Medium : QFont::Normal));
+Font BundleAssetSource::systemFont(double size, FontWeight weight, FontDigits digits) const {
+    return makeFont(platform::systemFont(
+        size, weight == FontWeight::medium ? QFont::Medium : QFont::Normal,
+        platform::FontDesign::standard,
+        digits == FontDigits::monospaced ? platform::FontDigits::monospaced
+                                         : platform::FontDigits::proportional));
 }
 
 void installKitAssets() {

@@ -7,13 +7,26 @@ namespace driftwood {
 class BackButtonCell : public StyledCell<BackButtonCell, StyledButtonCell, BackButtonCellStyle> {
   public:
     using StyledCell::StyledCell;
+
+  protected:
+    /// Back is where one has read from.
+    void drawBezel(const core::Rect& frame, const platform::CellCanvas& canvas) const override {
+        platform::CellCanvas mirrored = canvas;
+        mirrored.mirrorsImages = canvas.isRightToLeft;
+        StyledButtonCell::drawBezel(frame, mirrored);
+    }
 };
 
-/// The button that leads back. It can be faded, and is hidden once nothing of it is left to see.
+/// The button that leads back. It can be faded, and is hidden once nothing of it is left to see;
+/// its place in a layout stays its own. Main thread.
 class BackButton : public StyledButton {
   public:
     explicit BackButton(const QString& title, QWidget* parent = nullptr)
-        : StyledButton(std::make_unique<BackButtonCell>(title), parent) {}
+        : StyledButton(std::make_unique<BackButtonCell>(title), parent) {
+        QSizePolicy policy = sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        setSizePolicy(policy);
+    }
 
     void setAlphaValue(double alpha) override {
         StyledButton::setAlphaValue(alpha);

@@ -8,11 +8,11 @@ namespace driftwood {
 using platform::CellCanvas;
 
 core::Rect BezelButtonCell::drawingRect(const core::Rect& bounds) const {
-    return hasFrame() ? platform::insetForCell(bounds, edgeInsets()) : bounds;
+    return hasFrame() ? core::atLeastEmpty(core::inset(bounds, edgeInsets(), false)) : bounds;
 }
 
 core::Rect BezelButtonCell::imageRect(const core::Rect& bounds, bool isRightToLeft) const {
-    const core::Rect inset = platform::insetForCell(bounds, imageEdgeInsets());
+    const core::Rect inset = core::atLeastEmpty(core::inset(bounds, imageEdgeInsets(), false));
     if (imagePosition() == platform::ImagePosition::imageOnly) {
         return inset;
     }
@@ -20,8 +20,8 @@ core::Rect BezelButtonCell::imageRect(const core::Rect& bounds, bool isRightToLe
 }
 
 core::Rect BezelButtonCell::titleRect(const core::Rect& bounds, bool isRightToLeft) const {
-    const core::Rect rect =
-        ButtonCell::titleRect(platform::insetForCell(bounds, titleEdgeInsets()), isRightToLeft);
+    const core::Rect rect = ButtonCell::titleRect(
+        core::atLeastEmpty(core::inset(bounds, titleEdgeInsets(), false)), isRightToLeft);
     return verticallyCenterTitle_ ? platform::centeredVertically(rect, bounds) : rect;
 }
 

@@ -2,8 +2,9 @@
 
 #include "driftwood/style/button_cell_style.hpp"
 #include "driftwood/style/styled_control.hpp"
-#include "platform/ui/cells/button_cell.hpp"
+#include "platform/controls/button_cell.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// What the kit's push buttons have in common: bezel, image and title are drawn from a

@@ -1,15 +1,19 @@
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "driftwood/controls/back_button.hpp"
 #include "driftwood/controls/corner_button.hpp"
+#include "driftwood/controls/cursor_button.hpp"
 #include "driftwood/controls/dark_highlight_button.hpp"
 #include "driftwood/controls/kestrel_push_button.hpp"
-#include "driftwood/controls/pop_up_cycling_button.hpp"
 #include "driftwood/controls/styled_check_box.hpp"
 #include "driftwood/controls/tool_button.hpp"
 #include "platform/assets/image_painter.hpp"
+#include "platform/controls/current_event.hpp"
+#include "platform/controls/menu.hpp"
 #include "platform/testing/window_testing.hpp"
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QPainter>
 #include <QTest>
 
@@ -301,7 +305,8 @@ TEST(Buttons, AreAsTallAsTheirBezelLessTheAlignmentInsets) {
     wide.setBordered(false);
     EXPECT_LT(wide.intrinsicContentSize().height, 24);
     KestrelPushButton kestrel(QStringLiteral("A"));
-    EXPECT_EQ(kestrel.intrinsicContentSize().height, 32);
+    EXPECT_EQ(kestrel.intrinsicContentSize().height, 24); // the bezel
+    EXPECT_EQ(kestrel.sizeHint().height(), 32);           // with the room around it
     kestrel.setFixedWidth(10);
     EXPECT_EQ(kestrel.intrinsicContentSize().width, 10);
 }
@@ -357,19 +362,16 @@ TEST(Buttons, AreUsedFromTheKeyboard) {
     QTest::mouseClick(&second, Qt::LeftButton);
     EXPECT_FALSE(second.hasFocus()); // a click leaves the keyboard where it is
     first.setFocus(Qt::TabFocusReason);
-    QTest::keyPress(&first, Qt::Key_Space);
-    EXPECT_TRUE(first.isHighlighted());
-    EXPECT_EQ(clicks.count, 0);
-    QTest::keyRelease(&first, Qt::Key_Space);
+    first.performClick();
+    EXPECT_TRUE(first.isHighlighted()); // for a moment
     EXPECT_EQ(clicks.count, 1);
+    EXPECT_TRUE(platform::testing::runUntil([&] { return !first.isHighlighted(); }));
     QTest::keyPress(&first, Qt::Key_Space);
     QTest::keyClick(&first, Qt::Key_Escape);
     QTest::keyRelease(&first, Qt::Key_Space);
     EXPECT_EQ(clicks.count, 1);
     QTest::keyClick(&first, Qt::Key_Return);
     EXPECT_EQ(clicks.count, 2);
-    EXPECT_TRUE(first.isHighlighted());
-    EXPECT_TRUE(platform::testing::runUntil([&] { return !first.isHighlighted(); }));
     QTest::keyPress(&first, Qt::Key_Space);
     QTest::keyClick(&window, Qt::Key_Tab); // takes the keyboard away
     EXPECT_FALSE(first.isHighlighted());
@@ -445,16 +447,94 @@ TEST(BackButtons, FadeOutOfReach) {
     EXPECT_EQ(window.childAt(button.geometry().center()), nullptr);
     button.setAlphaValue(0.1);
     EXPECT_TRUE(button.isVisible());
+
+    auto* const row = new QHBoxLayout(&window);
+    auto* const neighbour = new StyledButton(QStringLiteral("B"));
+    row->addWidget(&button);
+    row->addWidget(neighbour);
+    runFor(20);
+    const QPoint place = neighbour->pos();
+    button.setAlphaValue(0);
+    runFor(20);
+    EXPECT_EQ(neighbour->pos(), place); // its place stays
+}
+
+TEST(BackButtons, PointBackWhereOneReadsFromTheRight) {
+    BackButtonCell cell;
+    StyledButtonCell plain(QString{});
+    plain.setImage(&asset("organiser-icon-disclose"));
+    plain.setBordered(false);
+    plain.setImagePosition(platform::ImagePosition::imageOnly);
+    const QSize size(60, 32);
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        EXPECT_EQ(pictureOf(cell, size, scale, true),
+                  pictureOf(cell, size, scale).mirrored(true, false))
+            << scale;
+        plain.setImageFollowsReading(false);
+        const QImage before = pictureOf(plain, {16, 16}, scale, true);
+        EXPECT_EQ(before, pictureOf(plain, {16, 16}, scale));
+        plain.setImageFollowsReading(true);
+        EXPECT_EQ(pictureOf(plain, {16, 16}, scale, true), before.mirrored(true, false)) << scale;
+    }
+}
+
+/// A window that takes actions without a target.
+class Desk final : public QWidget, public platform::ActionTarget {
+  public:
+    void note(platform::Control&) { ++notes; }
+    int notes = 0;
+};
+
+TEST(ToolButtons, SendAnActionWithoutATargetThroughTheApplication) {
+    Desk desk;
+    QWidget panel(&desk);
+    ToolButton button({}, &panel);
+    button.setSecondaryAction(&Desk::note);
+    EXPECT_TRUE(button.hasSecondaryClick());
+    EXPECT_EQ(button.secondaryTarget(), nullptr);
+    QTest::mouseClick(&button, Qt::RightButton);
+    EXPECT_EQ(desk.notes, 1);
+    auto other = std::make_unique<Desk>();
+    button.setSecondaryAction(&Desk::note, *other);
+    QTest::mouseClick(&button, Qt::RightButton);
+    EXPECT_EQ(other->notes, 1);
+    EXPECT_EQ(desk.notes, 1);
+    other.reset();
+    QTest::mouseClick(&button, Qt::RightButton);
+    EXPECT_EQ(desk.notes, 2);
+    panel.setParent(nullptr);
+    QTest::mouseClick(&button, Qt::RightButton); // nobody is there
+    EXPECT_EQ(desk.notes, 2);
+}
+
+TEST(Buttons, AreSetUpOnceAndComplete) {
+    class Wide : public ToolButton {
+      public:
+        using ToolButton::ToolButton;
+        int setUps = 0;
+
+      protected:
+        void setupButton() override {
+            ++setUps;
+            setFixedWidth(200);
+        }
+    };
+    Wide button(QStringLiteral("A"));
+    EXPECT_EQ(button.setUps, 0);
+    EXPECT_EQ(button.sizeHint().width(), 200);
+    showActive(button);
+    EXPECT_EQ(button.setUps, 1);
 }
 
 TEST(ToolButtons, SendOneOfTheirActions) {
-    ToolButton button(QStringLiteral("A"));
+    ToolButton button(QStringLiteral("A"), nullptr, 40ms);
     button.resize(32, 32);
     showActive(button);
-    button.setHoldInterval(40ms);
     Counter primary(button);
     int secondary = 0;
     QTest::mouseClick(&button, Qt::RightButton); // nothing to do yet
+    QTest::mouseClick(&button, Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(primary.count, 0); // it is no click, either
     button.setSecondaryAction([&](platform::ActionTarget&, platform::Control&) { ++secondary; },
                               primary);
     auto expectSent = [&, p = 0, s = 0](int wantedPrimary, int wantedSecondary) mutable {
@@ -503,111 +583,48 @@ TEST(ToolButtons, MarkWhatLiesBehind) {
     EXPECT_NE(plain, expected);
 }
 
-class FakeMenu final : public PopUpMenu {
-  public:
-    void popUp(QWidget& /*view*/, QPoint position, std::function<void()> closed) override {
-        positions.push_back(position);
-        close = std::move(closed);
-    }
-    std::vector<QPoint> positions;
-    std::function<void()> close;
-};
-
-TEST(CornerButtons, OpenTheirMenuInPlaceOfClicking) {
-    CornerButton button(QStringLiteral("A"));
-    button.resize(40, 24);
-    showActive(button);
-    Counter clicks(button);
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_EQ(clicks.count, 1);
-    const auto menu = std::make_shared<FakeMenu>();
-    button.setAlternateMenu(menu);
-    QTest::mousePress(&button, Qt::LeftButton);
-    ASSERT_EQ(menu->positions.size(), 1U);
-    EXPECT_EQ(menu->positions[0], QPoint(0, 28));
-    EXPECT_TRUE(button.isHighlighted()); // as long as it is open
-    QTest::mouseRelease(&button, Qt::LeftButton);
-    menu->close();
-    EXPECT_FALSE(button.isHighlighted());
-    QTest::mouseClick(&button, Qt::RightButton);
-    menu->close();
-    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
-    QCoreApplication::sendEvent(&button, &menuKey);
-    menu->close();
-    EXPECT_EQ(menu->positions.size(), 3U);
-    EXPECT_EQ(clicks.count, 1);
-    // The second click of a series is a click.
-    QMouseEvent again(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton,
-                      Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&button, &again);
-    QTest::mouseRelease(&button, Qt::LeftButton);
-    EXPECT_EQ(menu->positions.size(), 3U);
-    EXPECT_EQ(clicks.count, 2);
-}
-
-TEST(CursorButtons, PutTheirPointerOnTopAndTakeItAway) {
-    const auto shown = [] { return QGuiApplication::overrideCursor(); };
-    const auto enter = [](QWidget& widget) {
-        QEnterEvent event({5, 5}, {5, 5}, {5, 5});
-        QCoreApplication::sendEvent(&widget, &event);
-    };
-    const auto leave = [](QWidget& widget) {
-        QEvent event(QEvent::Leave);
-        QCoreApplication::sendEvent(&widget, &event);
-    };
-    {
-        CursorButton button({});
-        button.resize(20, 20);
-        enter(button);
-        enter(button); // once is enough
-        ASSERT_NE(shown(), nullptr);
-        EXPECT_EQ(shown()->hotSpot(), QPoint(3, 4));
-        leave(button);
-        EXPECT_EQ(shown(), nullptr);
-        leave(button);
-        button.setCursorHotSpot({1, 2});
-        button.show();
-        enter(button);
-        EXPECT_EQ(shown()->hotSpot(), QPoint(1, 2));
-        button.hide();
-        EXPECT_EQ(shown(), nullptr);
-        QTest::mousePress(&button, Qt::LeftButton);
-        EXPECT_EQ(button.alphaValue(), 0.5);
-        QTest::mouseMove(&button, {100, 100});
-        EXPECT_EQ(button.alphaValue(), 1);
-        QTest::mouseRelease(&button, Qt::LeftButton, {}, {100, 100});
-        enter(button);
-    }
-    EXPECT_EQ(shown(), nullptr); // not even when it is destroyed below the pointer
-}
-
-class FakePopUp final : public platform::Control, public ItemCycling {
-  public:
-    void selectNextItem(platform::Control& sender) override { order += "n", last = &sender; }
-    void selectPreviousItem(platform::Control& sender) override { order += "p", last = &sender; }
-    std::string order;
-    platform::Control* last = nullptr;
-};
-
-TEST(CyclingButtons, StepThroughTheirPopUpButton) {
-    PopUpCyclingButton button({});
+TEST(CursorButtons, HaveAPointerOfTheirOwn) {
+    CursorButton button({});
     button.resize(20, 20);
-    {
-        FakePopUp popUp;
-        button.setPopUpButton(popUp);
-        QTest::mouseClick(&button, Qt::LeftButton);
-        QTest::mouseClick(&button, Qt::LeftButton, Qt::ShiftModifier);
-        QTest::keyClick(&button, Qt::Key_Space, Qt::ShiftModifier);
-        QTest::keyClick(&button, Qt::Key_Return);
-        QTest::mouseClick(&button, Qt::LeftButton, Qt::ShiftModifier);
-        button.performClick(); // a program holds no keys
-        EXPECT_EQ(popUp.order, "nppnpn");
-        EXPECT_EQ(popUp.last, &button);
-    }
-    QTest::mouseClick(&button, Qt::LeftButton); // the target is gone
-    platform::Control other;
-    button.setPopUpButton(other);
-    EXPECT_DEATH(QTest::mouseClick(&button, Qt::LeftButton), "Fatal error: the target of a ");
+    showActive(button);
+    const auto send = [&](auto event) { QCoreApplication::sendEvent(&button, &event); };
+    send(QEnterEvent({5, 5}, {5, 5}, {5, 5}));
+    EXPECT_EQ(button.cursor().hotSpot(), QPoint(3, 4));
+    button.setAttribute(Qt::WA_UnderMouse); // as the toolkit does
+    button.setCursorHotSpot({1, 2});
+    EXPECT_EQ(button.cursor().hotSpot(), QPoint(1, 2));
+    // What an action puts on top of it stays there when the pointer leaves.
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    send(QEvent(QEvent::Leave));
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QGuiApplication::restoreOverrideCursor();
+
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_EQ(button.alphaValue(), 0.5);
+    QTest::mouseMove(&button, {100, 100});
+    EXPECT_EQ(button.alphaValue(), 1);
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, {100, 100});
+}
+
+TEST(CursorButtons, TellTheirActionTheEventThatSentIt) {
+    CursorButton button({});
+    button.resize(20, 20);
+    std::vector<platform::InputEvent> events;
+    button.setAction(
+        [&](platform::ActionTarget&, platform::Control&) {
+            events.push_back(platform::currentEvent() != nullptr ? *platform::currentEvent()
+                                                                 : platform::InputEvent());
+        },
+        button);
+    QTest::mouseClick(&button, Qt::LeftButton, Qt::AltModifier);
+    QTest::keyClick(&button, Qt::Key_Space, Qt::ShiftModifier);
+    button.performClick();
+    using platform::EventKind;
+    EXPECT_EQ(events, (std::vector<platform::InputEvent>{{EventKind::leftMouseUp, {.option = true}},
+                                                         {EventKind::keyUp, {.shift = true}},
+                                                         {}}));
+    EXPECT_EQ(platform::currentEvent(), nullptr);
 }
 
 // Restyling.
@@ -682,7 +699,7 @@ TEST(Accessibility, TellsRoleNameStatesAndActions) {
     tool.setToolTip(QStringLiteral("Pencil"));
     CornerButton corner({});
     corner.setAccessibleName(QStringLiteral("More"));
-    corner.setAlternateMenu(std::make_shared<FakeMenu>());
+    corner.setAlternateMenu(std::make_unique<platform::Menu>());
     const auto interface = [](QWidget& widget) {
         return QAccessible::queryAccessibleInterface(&widget);
     };
@@ -692,6 +709,11 @@ TEST(Accessibility, TellsRoleNameStatesAndActions) {
     EXPECT_EQ(interface(corner)->text(QAccessible::Name), QStringLiteral("More"));
     EXPECT_EQ(interface(corner)->role(), QAccessible::ButtonMenu);
     EXPECT_TRUE(interface(corner)->state().hasPopup);
+    const QAccessibleInterface* const menu = interface(corner)->child(0);
+    ASSERT_NE(menu, nullptr) << "its menu is its child";
+    EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+    EXPECT_EQ(interface(corner)->childCount(), 1);
+    EXPECT_EQ(interface(corner)->indexOfChild(menu), 0);
     for (const StateValue value : {StateValue::off, StateValue::on, StateValue::mixed}) {
         box.setState(value);
         const QAccessible::State state = interface(box)->state();
@@ -699,6 +721,15 @@ TEST(Accessibility, TellsRoleNameStatesAndActions) {
         EXPECT_EQ(state.checked, value == StateValue::on);
         EXPECT_EQ(state.checkStateMixed, value == StateValue::mixed);
     }
+    // A button that shows its state is a check box to them, and selected is a state.
+    EXPECT_EQ(interface(tool)->role(), QAccessible::Button);
+    tool.setShowsState(true);
+    tool.setState(StateValue::on);
+    tool.setSelected(true);
+    EXPECT_EQ(interface(tool)->role(), QAccessible::CheckBox);
+    EXPECT_TRUE(interface(tool)->state().checkable && interface(tool)->state().checked);
+    EXPECT_TRUE(interface(tool)->state().selected);
+    EXPECT_FALSE(interface(box)->state().selected);
     box.setHighlighted(true);
     EXPECT_TRUE(interface(box)->state().pressed);
     Counter clicks(box);

@@ -1,13 +1,17 @@
 #include "driftwood/controls/corner_button.hpp"
 
-#include <QPointer>
+#include "platform/controls/current_event.hpp"
+#include "platform/controls/menu.hpp"
 
 namespace driftwood {
-namespace {
 
-constexpr int gap = 4; // points between button and menu
-
-} // namespace
+void CornerButton::setAlternateMenu(std::unique_ptr<platform::Menu> menu) {
+    delete alternateMenu_;
+    alternateMenu_ = menu.release();
+    if (alternateMenu_ != nullptr) {
+        alternateMenu_->setParent(this, alternateMenu_->windowFlags());
+    }
+}
 
 bool CornerButton::mouseDown(int clickCount) {
     if (alternateMenu_ == nullptr || clickCount != 1) {
@@ -18,21 +22,25 @@ bool CornerButton::mouseDown(int clickCount) {
 }
 
 bool CornerButton::performSecondaryClick() {
-    const std::shared_ptr<PopUpMenu> menu = alternateMenu_;
-    if (menu == nullptr) {
+    using platform::EventKind;
+    using platform::MenuOpenedBy;
+    if (alternateMenu_ == nullptr) {
         return false;
     }
-    setHighlighted(true);
-    menu->popUp(*this, QPoint(0, height() + gap), [self = QPointer<CornerButton>(this)] {
-        if (self != nullptr) {
-            self->setHighlighted(false);
-        }
-    });
+    const platform::InputEvent* const event = platform::currentEvent();
+    const bool isByPointer = event != nullptr && (event->kind == EventKind::leftMouseDown ||
+                                                  event->kind == EventKind::otherMouseDown);
+    alternateMenu_->popUpBelow(*this, Qt::AlignLeading, 4,
+                               isByPointer ? MenuOpenedBy::pointer : MenuOpenedBy::key);
     return true;
 }
 
 QAccessible::Role CornerButton::accessibleRole() const {
     return alternateMenu_ != nullptr ? QAccessible::ButtonMenu : QAccessible::Button;
+}
+
+QWidget* CornerButton::accessibleMenu() const {
+    return alternateMenu_;
 }
 
 } // namespace driftwood

@@ -1,8 +1,12 @@
 #pragma once
 
-#include "driftwood/controls/pop_up.hpp"
 #include "driftwood/controls/styled_button.hpp"
 
+namespace platform {
+class Menu;
+}
+
+// All of this is for the main thread.
 namespace driftwood {
 
 class CornerButtonCell
@@ -17,18 +21,21 @@ class CornerButton : public StyledButton {
     explicit CornerButton(const QString& title, QWidget* parent = nullptr)
         : StyledButton(std::make_unique<CornerButtonCell>(title), parent) {}
 
-    [[nodiscard]] const std::shared_ptr<PopUpMenu>& alternateMenu() const { return alternateMenu_; }
-    void setAlternateMenu(std::shared_ptr<PopUpMenu> menu) { alternateMenu_ = std::move(menu); }
+    [[nodiscard]] platform::Menu* alternateMenu() const { return alternateMenu_; }
+    /// The button owns the menu; null takes it away.
+    void setAlternateMenu(std::unique_ptr<platform::Menu> menu);
 
     [[nodiscard]] bool hasSecondaryClick() const override { return alternateMenu_ != nullptr; }
     bool performSecondaryClick() override;
     [[nodiscard]] QAccessible::Role accessibleRole() const override;
+    [[nodiscard]] QWidget* accessibleMenu() const override;
 
   protected:
     bool mouseDown(int clickCount) override;
+    [[nodiscard]] bool stopsAtControlClick() const override { return true; }
 
   private:
-    std::shared_ptr<PopUpMenu> alternateMenu_;
+    platform::Menu* alternateMenu_ = nullptr; // a child
 };
 
 } // namespace driftwood

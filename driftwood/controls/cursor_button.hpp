@@ -1,11 +1,9 @@
 #pragma once
 
-#include "platform/ui/cells/cell_button.hpp"
+#include "platform/controls/cell_button.hpp"
+#include "platform/controls/hover_cursor.hpp"
 
-#include <QCursor>
-
-#include <optional>
-
+// All of this is for the main thread.
 namespace driftwood {
 
 class CursorButtonCell : public platform::ButtonCell {
@@ -13,22 +11,21 @@ class CursorButtonCell : public platform::ButtonCell {
     explicit CursorButtonCell(const QString& title = {}) : ButtonCell(title) { setBordered(false); }
 };
 
-/// A button with a pointer of its own: entering it puts that on top of the others, leaving it takes
-/// it away. It fades while it is pressed. A click counts even if it makes the window key.
+/// A button with a pointer of its own, a `HoverCursor`. It fades while it is pressed. A click
+/// counts even if it makes the window key.
 class CursorButton : public platform::CellButton {
   public:
     /// Without the image "cursor-cycle" in the kit's bundle the program stops.
     explicit CursorButton(const QString& title, QWidget* parent = nullptr)
         : CursorButton(std::make_unique<CursorButtonCell>(title), parent) {}
-    ~CursorButton() override;
 
-    [[nodiscard]] const platform::ImageAsset& cursorImage() const { return *cursorImage_; }
+    [[nodiscard]] const platform::ImageAsset& cursorImage() const { return cursor_.image(); }
     /// The image outlives the button.
-    void setCursorImage(const platform::ImageAsset& image);
-    [[nodiscard]] QPoint cursorHotSpot() const { return cursorHotSpot_; }
-    void setCursorHotSpot(QPoint hotSpot);
+    void setCursorImage(const platform::ImageAsset& image) { cursor_.setImage(image); }
+    [[nodiscard]] QPoint cursorHotSpot() const { return cursor_.hotSpot(); }
+    void setCursorHotSpot(QPoint hotSpot) { cursor_.setHotSpot(hotSpot); }
     /// Made from the two when it is first asked for.
-    [[nodiscard]] const QCursor& buttonCursor() const;
+    [[nodiscard]] const QCursor& buttonCursor() const { return cursor_.cursor(); }
     /// Where the pointer is the button's.
     [[nodiscard]] QRect trackingArea() const { return rect(); }
 
@@ -36,16 +33,9 @@ class CursorButton : public platform::CellButton {
     CursorButton(std::unique_ptr<platform::ButtonCell> cell, QWidget* parent);
 
     void highlightDidChange(bool isHighlighted) override { setAlphaValue(isHighlighted ? 0.5 : 1); }
-    bool event(QEvent* event) override;
 
   private:
-    void pushCursor();
-    void popCursor();
-
-    const platform::ImageAsset* cursorImage_;
-    QPoint cursorHotSpot_{3, 4};
-    mutable std::optional<QCursor> cursor_;
-    bool isPushed_ = false;
+    platform::HoverCursor cursor_;
 };
 
 } // namespace driftwood

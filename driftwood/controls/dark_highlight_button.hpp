@@ -1,11 +1,12 @@
 #pragma once
 
-#include "platform/ui/cells/cell_button.hpp"
+#include "platform/controls/cell_button.hpp"
 
 #include <QCursor>
 
 #include <optional>
 
+// All of this is for the main thread.
 namespace driftwood {
 
 class DarkHighlightButtonCell : public platform::ButtonCell {

@@ -1,7 +1,5 @@
 #include "driftwood/controls/kestrel_push_button.hpp"
 
-#include <algorithm>
-
 namespace driftwood {
 
 void KestrelPushButtonCell::drawBezel(const core::Rect& frame,
@@ -19,25 +17,6 @@ void KestrelPushButtonCell::drawBezel(const core::Rect& frame,
     }
 }
 
-KestrelPushButton::KestrelPushButton(const QString& title, QWidget* parent)
-    : CellButton(std::make_unique<KestrelPushButtonCell>(title), parent),
-      follower_(*this, KestrelPushButtonCell::style()) {}
-
-void KestrelPushButton::setSelected(bool isSelected) {
-    auto& cell = static_cast<KestrelPushButtonCell&>(this->cell());
-    if (isSelected != cell.isSelected()) {
-        cell.setSelected(isSelected);
-        update();
-    }
-}
-
-void KestrelPushButton::setFixedWidth(std::optional<double> width) {
-    if (width != fixedWidth_) {
-        fixedWidth_ = width;
-        updateGeometry();
-    }
-}
-
 void KestrelPushButton::setFixedHeight(std::optional<double> height) {
     if (height != fixedHeight_) {
         fixedHeight_ = height;
@@ -45,19 +24,20 @@ void KestrelPushButton::setFixedHeight(std::optional<double> height) {
     }
 }
 
-core::Size KestrelPushButton::intrinsicContentSize() const {
-    core::Size size = CellButton::intrinsicContentSize();
-    const Image& bezel = pushCell().styleBezelImage();
-    if (pushCell().hasFrame() && bezel) {
-        constexpr double around = KestrelPushButtonCell::bezelShrinking;
-        size.width += around;
-        size.height = std::max(size.height, bezel->size().height) + around;
+core::EdgeInsets KestrelPushButton::alignmentRectInsets() const {
+    if (!styledCell().hasFrame() || styledCell().bezelStyle() != platform::BezelStyle::push) {
+        return {};
     }
-    return {fixedWidth_.value_or(size.width), fixedHeight_.value_or(size.height)};
+    constexpr core::Point offset = KestrelPushButtonCell::bezelOffset;
+    constexpr double shrinking = KestrelPushButtonCell::bezelShrinking;
+    return {offset.y, offset.x, shrinking - offset.y, shrinking - offset.x};
 }
 
-QColor KestrelPushButton::focusRingColor() const {
-    return toQColor(pushCell().styleFocusRingColor());
+core::Size KestrelPushButton::intrinsicContentSize() const {
+    const core::Size bezel = styledCell().hasFrame() ? bezelImageSize() : core::Size();
+    const core::Size size = platform::bezelSize(styledCell().cellSize(), bezel, {}, fixedWidth(),
+                                                platform::BezelRule::atLeastImage);
+    return {size.width, fixedHeight_.value_or(size.height)};
 }
 
 } // namespace driftwood

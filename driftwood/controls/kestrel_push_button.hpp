@@ -1,16 +1,16 @@
 #pragma once
 
 #include "driftwood/controls/bezel_button_cell.hpp"
-#include "driftwood/controls/style_followers.hpp"
+#include "driftwood/controls/kit_control.hpp"
 #include "driftwood/controls/styled_cell.hpp"
-#include "platform/ui/cells/cell_button.hpp"
+#include "platform/controls/cell_button.hpp"
 
 #include <optional>
 
 namespace driftwood {
 
 /// Draws like a `StyledButtonCell`, but with insets of its own, and a push bezel that leaves room
-/// around it.
+/// around it. Main thread.
 class KestrelPushButtonCell
     : public StyledCell<KestrelPushButtonCell, BezelButtonCell, ButtonCellStyle> {
   public:
@@ -37,32 +37,21 @@ class KestrelPushButtonCell
     static constexpr core::EdgeInsets edgeInsets_{4, 4, 4, 4};
 };
 
-/// The general push button.
-class KestrelPushButton : public platform::CellButton, public Selectable {
+/// The general push button. Main thread.
+class KestrelPushButton : public KitControl<platform::CellButton, KestrelPushButtonCell> {
   public:
-    explicit KestrelPushButton(const QString& title, QWidget* parent = nullptr);
+    explicit KestrelPushButton(const QString& title, QWidget* parent = nullptr)
+        : KitControl(std::make_unique<KestrelPushButtonCell>(title), parent) {}
 
-    [[nodiscard]] bool isSelected() const override { return pushCell().isSelected(); }
-    void setSelected(bool isSelected) override;
-
-    /// In points; they take the place of the natural ones.
-    [[nodiscard]] std::optional<double> fixedWidth() const { return fixedWidth_; }
-    void setFixedWidth(std::optional<double> width);
+    /// In points; takes the place of the natural height.
     [[nodiscard]] std::optional<double> fixedHeight() const { return fixedHeight_; }
     void setFixedHeight(std::optional<double> height);
 
+    /// Those of the push bezel, which leaves room around it.
+    [[nodiscard]] core::EdgeInsets alignmentRectInsets() const override;
     [[nodiscard]] core::Size intrinsicContentSize() const override;
 
-  protected:
-    [[nodiscard]] QColor focusRingColor() const override;
-
   private:
-    [[nodiscard]] const KestrelPushButtonCell& pushCell() const {
-        return static_cast<const KestrelPushButtonCell&>(cell());
-    }
-
-    StyleFollower follower_;
-    std::optional<double> fixedWidth_;
     std::optional<double> fixedHeight_;
 };
 

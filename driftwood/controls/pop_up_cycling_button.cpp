@@ -1,19 +1,19 @@
 #include "driftwood/controls/pop_up_cycling_button.hpp"
 
 #include "core/fatal.hpp"
-#include "driftwood/controls/pop_up.hpp"
+#include "platform/controls/pop_up_button.hpp"
 
 namespace driftwood {
 
 void PopUpCyclingButton::cycle(ActionTarget& target) {
-    auto* const items = dynamic_cast<ItemCycling*>(&target);
-    if (items == nullptr) {
+    auto* const popUp = dynamic_cast<platform::PopUpButton*>(&target);
+    if (popUp == nullptr) {
         core::fatal("the target of a cycling button is not a pop-up button");
     }
     if (clickModifiers().testFlag(Qt::ShiftModifier)) {
-        items->selectPreviousItem(*this);
+        popUp->selectPreviousItem();
     } else {
-        items->selectNextItem(*this);
+        popUp->selectNextItem();
     }
 }
 

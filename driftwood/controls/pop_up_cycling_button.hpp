@@ -2,6 +2,7 @@
 
 #include "driftwood/controls/cursor_button.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 class PopUpCyclingButtonCell : public platform::ButtonCell {
@@ -19,7 +20,7 @@ class PopUpCyclingButton : public CursorButton {
     explicit PopUpCyclingButton(const QString& title, QWidget* parent = nullptr)
         : CursorButton(std::make_unique<PopUpCyclingButtonCell>(title), parent) {}
 
-    /// What a click reaches has to be an `ItemCycling`; otherwise the program stops.
+    /// What a click reaches has to be a `platform::PopUpButton`; otherwise the program stops.
     void setPopUpButton(platform::ActionTarget& popUpButton) {
         setAction([this](ActionTarget& target, Control&) { cycle(target); }, popUpButton);
     }

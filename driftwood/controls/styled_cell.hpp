@@ -1,25 +1,19 @@
 #pragma once
 
-#include "driftwood/bridges/bundle_asset_source.hpp"
-#include "driftwood/style/base_style.hpp"
+#include "driftwood/bridges/styled_class.hpp"
 
 namespace driftwood {
 
-/// Gives a cell class its one style object: derive `Cell` from this, with the class it refines as
-/// `Base`. The kit's assets are there by the time the style is made.
+/// A cell with the one style object of its class: derive `Cell` from this, with the class it
+/// refines as `Base`. Main thread.
 template<class Cell, class Base, class StyleType>
-class StyledCell : public Base {
+class StyledCell : public Base, public StyledClass<Cell, StyleType> {
   public:
-    using ViewStyle = StyleType;
     using Base::Base;
+    // `Base` may have ones of its own.
+    using typename StyledClass<Cell, StyleType>::ViewStyle;
+    using StyledClass<Cell, StyleType>::style;
 
-    [[nodiscard]] static StyleType& style() {
-        static StyleType& shared = [&]() -> StyleType& {
-            installKitAssets();
-            return sharedStyle<Cell, StyleType>();
-        }();
-        return shared;
-    }
     [[nodiscard]] StyleType& controlStyle() const override { return style(); }
 };
 

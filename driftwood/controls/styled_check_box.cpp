@@ -33,7 +33,7 @@ core::Rect StyledCheckBoxCell::imageRect(const core::Rect& bounds, bool isRightT
 }
 
 core::Rect StyledCheckBoxCell::titleRect(const core::Rect& bounds, bool isRightToLeft) const {
-    const core::Rect inset = platform::insetForCell(bounds, titleEdgeInsets());
+    const core::Rect inset = core::atLeastEmpty(core::inset(bounds, titleEdgeInsets(), false));
     const core::Size title = titleSize();
     const double width =
         std::clamp(std::ceil(title.width), 0.0, std::max(0.0, inset.size.width - titleStart));

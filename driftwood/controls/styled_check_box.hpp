@@ -2,6 +2,7 @@
 
 #include "driftwood/controls/styled_button.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// Draws the box of its style beside the title, and no bezel.

@@ -25,6 +25,13 @@ void ToolButton::setShowMoreIcon(bool shows) {
 void ToolButton::setSecondaryAction(Action action, platform::ActionTarget& target) {
     secondaryAction_ = std::move(action);
     secondaryTarget_ = target.weakTarget();
+    secondaryFinder_ = nullptr;
+}
+
+void ToolButton::setUntargetedAction(Action action, Finder finder) {
+    secondaryAction_ = std::move(action);
+    secondaryTarget_.reset();
+    secondaryFinder_ = finder;
 }
 
 bool ToolButton::performSecondaryClick() {
@@ -32,7 +39,11 @@ bool ToolButton::performSecondaryClick() {
     if (action == nullptr) {
         return false;
     }
-    if (platform::ActionTarget* const to = secondaryTarget()) {
+    platform::ActionTarget* to = secondaryTarget();
+    if (to == nullptr && secondaryFinder_ != nullptr) {
+        to = secondaryFinder_(*this);
+    }
+    if (to != nullptr) {
         action(*to, *this); // may destroy the button
     }
     return true;

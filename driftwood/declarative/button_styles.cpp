@@ -2,7 +2,7 @@
 
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "platform/assets/image_painter.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
 
 #include <QPainter>
 

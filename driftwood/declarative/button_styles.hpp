@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/button.hpp"
+#include "platform/controls/button.hpp"
 
 namespace driftwood {
 

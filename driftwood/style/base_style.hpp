@@ -4,6 +4,7 @@
 #include "driftwood/style/asset_source.hpp"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -27,6 +28,8 @@ class Style {
     [[nodiscard]] virtual BackgroundStyle interiorBackgroundStyle() const = 0;
     [[nodiscard]] virtual bool opaque() const = 0;
 };
+
+class FollowerList;
 
 /// The root of the style classes: objects that any number of controls share, and follow when they
 /// are changed. A setter that changes something tells the observers once; setting an equal value
@@ -77,6 +80,7 @@ class BaseStyle : public Style {
     }
 
   private:
+    friend class FollowerList;
     friend class StyleEdit;
 
     template<class Value>
@@ -98,6 +102,7 @@ class BaseStyle : public Style {
     core::ObserverList<StyleChange> observers_;
     int edits_ = 0;
     std::optional<StyleChange> pending_;
+    std::weak_ptr<FollowerList> followers_; // the one observer of all the controls that follow it
 };
 
 /// Holds back what a style has to tell while several of its fields are set; when the last edit of

@@ -2,6 +2,7 @@
 
 #include "driftwood/style/control_style.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// The style of push buttons.

@@ -5,6 +5,7 @@
 
 #include "core/geometry.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// How the middle of an image fills what its caps leave free. The values count.
@@ -75,39 +76,36 @@ class ControlStyle : public BaseStyle {
     [[nodiscard]] const StateImages& bezelImages() const { return bezelImages_; }
     void setBezelImages(StateImages images) { setLayout(bezelImages_, std::move(images)); }
 
-    /// The corners and edges of the bezel that keep their size.
+    // How the artwork is resized is said by the artwork itself, in the bundle: these fields are
+    // kept for hosts that draw with images of their own. No control of the kit reads them, and
+    // nobody is told of a change.
+
     [[nodiscard]] const core::EdgeInsets& bezelImageCapInsets() const {
         return bezelImageCapInsets_;
     }
-    void setBezelImageCapInsets(const core::EdgeInsets& insets) {
-        setLook(bezelImageCapInsets_, insets);
-    }
+    void setBezelImageCapInsets(const core::EdgeInsets& insets) { bezelImageCapInsets_ = insets; }
 
     [[nodiscard]] ImageResizingMode bezelImageResizingMode() const {
         return bezelImageResizingMode_;
     }
-    void setBezelImageResizingMode(ImageResizingMode mode) {
-        setLook(bezelImageResizingMode_, mode);
-    }
+    void setBezelImageResizingMode(ImageResizingMode mode) { bezelImageResizingMode_ = mode; }
 
     /// The same three for declarative views that host a styled control.
     [[nodiscard]] const StateImages& swiftUIBezelImages() const { return swiftUIBezelImages_; }
-    void setSwiftUIBezelImages(StateImages images) {
-        setLayout(swiftUIBezelImages_, std::move(images));
-    }
+    void setSwiftUIBezelImages(StateImages images) { swiftUIBezelImages_ = std::move(images); }
 
     [[nodiscard]] const DirectionalEdgeInsets& swiftUIBezelImageCapInsets() const {
         return swiftUIBezelImageCapInsets_;
     }
     void setSwiftUIBezelImageCapInsets(const DirectionalEdgeInsets& insets) {
-        setLook(swiftUIBezelImageCapInsets_, insets);
+        swiftUIBezelImageCapInsets_ = insets;
     }
 
     [[nodiscard]] ImageResizingMode swiftUIBezelImageResizingMode() const {
         return swiftUIBezelImageResizingMode_;
     }
     void setSwiftUIBezelImageResizingMode(ImageResizingMode mode) {
-        setLook(swiftUIBezelImageResizingMode_, mode);
+        swiftUIBezelImageResizingMode_ = mode;
     }
 
     /// From the control's edges to the lines it is aligned by.

@@ -2,6 +2,7 @@
 
 #include "driftwood/style/button_cell_style.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// The style of combo boxes.

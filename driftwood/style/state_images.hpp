@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// A table from states to images, and the one rule by which a state finds its image. A value; null

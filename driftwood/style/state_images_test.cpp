@@ -1,5 +1,5 @@
-#include "driftwood/style/asset_source_fake.hpp"
 #include "driftwood/style/state_images.hpp"
+#include "driftwood/testing/asset_source_fake.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "driftwood/style/control_style.hpp"
-#include "platform/ui/cells/cell_state.hpp"
+#include "platform/controls/cell_state.hpp"
 
 #include <concepts>
 #include <type_traits>
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// A cell or view with one style object for its whole class: a type `ViewStyle`, and an operation

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// What a control is just now, as a set of flags: the key to every table of images and every rule

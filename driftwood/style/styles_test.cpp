@@ -1,4 +1,3 @@
-#include "driftwood/style/asset_source_fake.hpp"
 #include "driftwood/style/images.hpp"
 #include "driftwood/style/pop_up_cell_style.hpp"
 #include "driftwood/style/segmented_cell_style.hpp"
@@ -8,6 +7,7 @@
 #include "driftwood/style/table_view_style.hpp"
 #include "driftwood/style/text_field_cell_style.hpp"
 #include "driftwood/style/window_style.hpp"
+#include "driftwood/testing/asset_source_fake.hpp"
 
 #include <gtest/gtest.h>
 

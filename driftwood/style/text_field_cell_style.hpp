@@ -2,10 +2,13 @@
 
 #include "driftwood/style/control_style.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// The style of text fields. Their focus shows in the bezel, so the ring is clear until the text is
-/// invalid.
+/// invalid. An invalid text is white on the error's colour, as in other controls: the text's own
+/// error colour (`Styles::TextInput::errorTextColor`) is that of its ground, and could not be read
+/// on it.
 class TextFieldCellStyle : public ControlStyle {
   public:
     TextFieldCellStyle();

@@ -3,6 +3,7 @@
 #include "core/geometry.hpp"
 #include "driftwood/style/base_style.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// The style of windows.

@@ -3,21 +3,11 @@
 #include "driftwood/controls/corner_button.hpp"
 #include "driftwood/controls/kestrel_push_button.hpp"
 #include "driftwood/controls/styled_check_box.hpp"
+#include "platform/controls/menu.hpp"
+#include "platform/controls/pop_up_button.hpp"
 
 #include <QApplication>
 #include <QVBoxLayout>
-
-namespace {
-
-class Menu final : public driftwood::PopUpMenu {
-  public:
-    void popUp(QWidget& view, QPoint /*position*/, std::function<void()> closed) override {
-        static_cast<driftwood::CornerButton&>(view).setTitle(QStringLiteral("Menu opened"));
-        closed();
-    }
-};
-
-} // namespace
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
@@ -33,8 +23,21 @@ int main(int argc, char** argv) {
     auto* const disabled = new driftwood::StyledButton(QStringLiteral("Out of reach"));
     disabled->setEnabled(false);
     auto* const corner = new driftwood::CornerButton(QStringLiteral("More"));
-    corner->setAlternateMenu(std::make_shared<Menu>());
-    for (QWidget* const button : std::initializer_list<QWidget*>{push, box, disabled, corner}) {
+    corner->setAlternateMenu(std::make_unique<platform::Menu>());
+    QObject::connect(&corner->alternateMenu()->addItem(QStringLiteral("Duplicate")),
+                     &QAction::triggered, corner,
+                     [corner] { corner->setTitle(QStringLiteral("Duplicated")); });
+    auto* const popUp = new platform::PopUpButton;
+    popUp->setAccessibleName(QStringLiteral("Waveform"));
+    popUp->addItem(QStringLiteral("Sine"));
+    popUp->addItem(QStringLiteral("Square"));
+    auto* const toggle = new driftwood::StyledButton(QStringLiteral("Solo"));
+    toggle->setShowsState(true);
+    toggle->setState(platform::StateValue::on);
+    toggle->setSelected(true);
+    column->addWidget(toggle);
+    for (QWidget* const button :
+         std::initializer_list<QWidget*>{push, box, disabled, corner, popUp}) {
         column->addWidget(button);
     }
     window.show();

@@ -3,8 +3,8 @@
 Usage: at_spi_test.py SAMPLE.
 """
 import pyatspi
-from pyatspi import (STATE_CHECKED, STATE_ENABLED, STATE_FOCUSABLE, STATE_INDETERMINATE,
-                     STATE_SENSITIVE)
+from pyatspi import (STATE_CHECKED, STATE_ENABLED, STATE_FOCUSABLE,
+                     STATE_INDETERMINATE, STATE_SELECTED, STATE_SENSITIVE)
 
 from at_spi import do, find, run, states, wait
 
@@ -24,12 +24,28 @@ def check(root):
     do(box, "Toggle")
     wait(lambda: STATE_CHECKED not in states(box))
 
+    toggle = find(root, "Solo")
+    assert toggle.getRole() in (pyatspi.ROLE_CHECK_BOX, pyatspi.ROLE_TOGGLE_BUTTON)
+    # Qt 6.4 tells nobody that something can be checked; the role says so.
+    assert {STATE_CHECKED, STATE_SELECTED} <= states(toggle), states(toggle)
+    do(toggle, "Toggle")
+    wait(lambda: STATE_CHECKED not in states(toggle))
+
     disabled = find(root, "Out of reach")
     assert not {STATE_ENABLED, STATE_SENSITIVE} & states(disabled)
 
     corner = find(root, "More")
     do(corner, "ShowMenu")
-    wait(lambda: find(root, "Menu opened"))
+    wait(lambda: pyatspi.STATE_SHOWING in states(find(corner, "Duplicate")))
+    do(find(corner, "Duplicate"), "Press")
+    wait(lambda: find(root, "Duplicated"))
+
+    waveform = find(root, "Waveform")
+    assert waveform.description == "Sine", waveform.description
+    do(waveform, "Press")
+    wait(lambda: pyatspi.STATE_EXPANDED in states(waveform))
+    do(wait(lambda: find(waveform, "Square")), "Press")
+    wait(lambda: waveform.description == "Square")
 
 
 run("at_spi_sample", "Press me", check)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/fatal.hpp"
-#include "platform/ui/cells/control.hpp"
+#include "platform/controls/control.hpp"
 
 #include <concepts>
 #include <functional>

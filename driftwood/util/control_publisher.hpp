@@ -1,12 +1,12 @@
 #pragma once
 
-#include "core/fatal.hpp"
 #include "core/streams.hpp"
-#include "platform/ui/cells/control.hpp"
+#include "platform/controls/control.hpp"
 
 #include <concepts>
 #include <memory>
-#include <utility>
+#include <typeindex>
+#include <vector>
 
 namespace driftwood {
 
@@ -14,52 +14,115 @@ namespace driftwood {
 template<class T>
 concept CombineCompatible = std::derived_from<T, platform::Control>;
 
-/// The events of a control as a stream of the control itself, never null. It makes itself the
-/// target of the control, in place of the former one; it gets nothing any more when somebody else
-/// becomes the target after it. The stream completes when the publisher is destroyed, as a rule in
-/// the course of its control's destruction. Main thread.
+/// The events of a control as a stream of the control itself, never null. The publisher makes
+/// itself the target of the control, in place of the former one; it gets nothing any more when
+/// somebody else becomes the target after it. The stream completes when the publisher is destroyed,
+/// as a rule in the course of its control's destruction. Each control has one publisher, whatever
+/// type it is asked through: those of two types are equal. Main thread.
 template<CombineCompatible ControlType>
-class NSControlPublisher final : public platform::ActionTarget {
-  public:
-    explicit NSControlPublisher(ControlType& control)
-        : control_(&control), alive_(control.weakTarget()) {
-        control.platform::Control::setAction(&NSControlPublisher::controlActionWithSender, *this);
-    }
-    ~NSControlPublisher() override { subject_.finish(); }
+class NSControlPublisher;
 
+class ControlEvents;
+
+namespace internal {
+
+/// A publisher as it is seen through one type of its control.
+class ControlFacet {
+  public:
+    ControlFacet(std::type_index type, const platform::Control& control,
+                 const platform::ActionTarget& publisher)
+        : type_(type), publisher_(&publisher), alive_(control.weakTarget()) {}
+    ControlFacet(const ControlFacet&) = delete;
+    ControlFacet& operator=(const ControlFacet&) = delete;
+    virtual ~ControlFacet() = default;
+
+    [[nodiscard]] std::type_index type() const { return type_; }
+    [[nodiscard]] const platform::ActionTarget* publisher() const { return publisher_; }
+    [[nodiscard]] bool isControlThere() const { return !alive_.expired(); }
+    virtual void send() = 0;
+    virtual void finish() = 0;
+
+  private:
+    std::type_index type_;
+    const platform::ActionTarget* publisher_;
+    std::weak_ptr<platform::ActionTarget> alive_;
+};
+
+} // namespace internal
+
+template<CombineCompatible ControlType>
+class NSControlPublisher final : public internal::ControlFacet {
+  public:
     /// Null when the control is gone.
-    [[nodiscard]] ControlType* control() const { return alive_.expired() ? nullptr : control_; }
+    [[nodiscard]] ControlType* control() const { return isControlThere() ? control_ : nullptr; }
     [[nodiscard]] core::Subject<ControlType*>& subject() { return subject_; }
 
-    void controlActionWithSender(platform::Control&) {
+    template<class Other>
+    friend bool operator==(const NSControlPublisher& a, const NSControlPublisher<Other>& b) {
+        return a.publisher() == b.publisher();
+    }
+
+  private:
+    friend class ControlEvents;
+
+    NSControlPublisher(ControlType& control, const platform::ActionTarget& publisher)
+        : ControlFacet(typeid(ControlType), control, publisher), control_(&control) {}
+    void send() override {
         if (ControlType* const sender = control()) {
             subject_.send(sender);
         }
     }
+    void finish() override { subject_.finish(); }
 
-  private:
     ControlType* control_;
-    std::weak_ptr<platform::ActionTarget> alive_;
     core::Subject<ControlType*> subject_;
 };
 
-/// The control's one publisher, made at the first call. Asking for it again as another type stops
-/// the program.
+/// The publisher itself: the target of its control. Main thread.
+class ControlEvents final : public platform::ActionTarget {
+  public:
+    explicit ControlEvents(platform::Control& control) {
+        control.platform::Control::setAction(&ControlEvents::controlActionWithSender, *this);
+    }
+    ~ControlEvents() override {
+        for (const auto& facet : facets_) {
+            facet->finish();
+        }
+    }
+
+    template<CombineCompatible ControlType>
+    [[nodiscard]] NSControlPublisher<ControlType>& through(ControlType& control) {
+        for (const auto& facet : facets_) {
+            if (facet->type() == typeid(ControlType)) {
+                return static_cast<NSControlPublisher<ControlType>&>(*facet);
+            }
+        }
+        auto* const made = new NSControlPublisher<ControlType>(control, *this);
+        facets_.emplace_back(made);
+        return *made;
+    }
+
+    void controlActionWithSender(platform::Control&) {
+        const auto facets = facets_; // the control, and so this, may go meanwhile
+        for (const auto& facet : facets) {
+            facet->send();
+        }
+    }
+
+  private:
+    std::vector<std::shared_ptr<internal::ControlFacet>> facets_;
+};
+
+/// The control's one publisher, made at the first call.
 template<CombineCompatible ControlType>
 [[nodiscard]] NSControlPublisher<ControlType>& controlEventPublisher(ControlType& control) {
-    using Publisher = NSControlPublisher<ControlType>;
     constexpr auto key = "PublisherHelperKey";
-    if (const auto attached = control.associatedObject(key)) {
-        auto* const target = static_cast<platform::ActionTarget*>(attached.get());
-        auto* const publisher = dynamic_cast<Publisher*>(target);
-        if (publisher == nullptr) {
-            core::fatal("a control's events are published as another type already");
-        }
-        return *publisher;
+    auto events = std::static_pointer_cast<ControlEvents>(control.associatedObject(key));
+    if (events == nullptr) {
+        events = std::make_shared<ControlEvents>(control);
+        control.setAssociatedObject(key, events);
     }
-    const auto made = std::make_shared<Publisher>(control);
-    control.setAssociatedObject(key, std::shared_ptr<platform::ActionTarget>(made));
-    return *made;
+    return events->through(control);
 }
 
 } // namespace driftwood

@@ -2,28 +2,34 @@
 
 #include "core/clock.hpp"
 
+#include <chrono>
 #include <optional>
 
 namespace driftwood {
 
-/// How long ago something happened, or how far it lies ahead. Any thread.
+/// How long ago something happened, or how far it lies ahead: by the calendar's clock, so that the
+/// date may be that of a file, of a feed, or of yesterday. Any thread.
 struct DateUtil {
-    /// Whether the distance of `date` from now is less, or more, than `interval`; without a date
-    /// the answer is `ifDateNil`. An exact match is neither.
-    [[nodiscard]] static bool hasLessThan(core::Seconds interval,
-                                          std::optional<core::Instant> passedSince, bool ifDateNil,
-                                          const core::Clock& clock = core::Clock::system()) {
-        return passedSince ? distance(*passedSince, clock) < interval : ifDateNil;
+    using Date = std::chrono::system_clock::time_point;
+
+    /// Whether the distance of `passedSince` from `now` is less, or more, than `interval`; without
+    /// a date the answer is `ifDateNil`. An exact match is neither.
+    [[nodiscard]] static bool hasLessThan(core::Seconds interval, std::optional<Date> passedSince,
+                                          bool ifDateNil,
+                                          Date now = std::chrono::system_clock::now()) {
+        return passedSince ? distance(*passedSince, now) < interval : ifDateNil;
     }
-    [[nodiscard]] static bool hasMoreThan(core::Seconds interval,
-                                          std::optional<core::Instant> passedSince, bool ifDateNil,
-                                          const core::Clock& clock = core::Clock::system()) {
-        return passedSince ? distance(*passedSince, clock) > interval : ifDateNil;
+    [[nodiscard]] static bool hasMoreThan(core::Seconds interval, std::optional<Date> passedSince,
+                                          bool ifDateNil,
+                                          Date now = std::chrono::system_clock::now()) {
+        return passedSince ? distance(*passedSince, now) > interval : ifDateNil;
     }
 
   private:
-    static core::Seconds distance(core::Instant date, const core::Clock& clock) {
-        return std::chrono::abs(date - clock.now());
+    /// In seconds first: the difference of two far dates is more than the clock's own unit holds.
+    static core::Seconds distance(Date date, Date now) {
+        return std::chrono::abs(core::Seconds(date.time_since_epoch()) -
+                                core::Seconds(now.time_since_epoch()));
     }
 };
 

@@ -73,6 +73,31 @@ TEST(WorkerTimerQueue, RunsTasksInTheOrderOfTheirTimesOnItsOwnThread) {
     EXPECT_NE(thread, std::this_thread::get_id());
 }
 
+TEST(UIEventThrottler, ASlowActionDelaysNoOtherOne) {
+    UIEventThrottler slow(Seconds(0.001));
+    UIEventThrottler quick(Seconds(0.02));
+    std::binary_semaphore go(0);
+    std::binary_semaphore hasRun(0);
+    std::binary_semaphore isOver(0);
+    for (const bool isQuickFirst : {true, false}) {
+        const auto scheduleQuick = [&] { quick.throttle([&] { hasRun.release(); }); };
+        if (isQuickFirst) {
+            scheduleQuick();
+        }
+        slow.throttle([&] {
+            go.acquire();
+            isOver.release();
+        });
+        if (!isQuickFirst) {
+            std::this_thread::sleep_for(20ms);
+            scheduleQuick();
+        }
+        EXPECT_TRUE(hasRun.try_acquire_for(5s));
+        go.release();
+        isOver.acquire();
+    }
+}
+
 TEST(WorkerTimerQueue, IsLeftInPeaceByThrottlersThatComeAndGo) {
     std::atomic<int> ran{0};
     core::Subscription outliving;

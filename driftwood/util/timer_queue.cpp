@@ -7,6 +7,7 @@
 #include <mutex>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace driftwood {
 namespace {
@@ -25,20 +26,20 @@ constexpr core::Seconds longestSleep{3600};
 } // namespace
 
 TimerQueue& TimerQueue::shared() {
-    static WorkerTimerQueue queue;
+    static WorkerTimerQueue queue(64);
     return queue;
 }
 
 class WorkerTimerQueue::Worker {
   public:
+    explicit Worker(std::size_t threads) : most_(std::max<std::size_t>(threads, 1)) {}
+
     Key add(core::Instant time, std::function<void()> task) {
         const std::scoped_lock lock(mutex_);
         const Key key(time, ++lastNumber_);
         tasks_.emplace(key, std::move(task));
-        if (!thread_.joinable()) {
-            thread_ = std::thread([this] { run(); });
-        } else if (tasks_.begin()->first == key) {
-            changed_.notify_one();
+        if (tasks_.begin()->first == key) {
+            watchTheTime();
         }
         return key;
     }
@@ -51,32 +52,49 @@ class WorkerTimerQueue::Worker {
 
     void stop() {
         TaskMap dropped;
-        std::thread thread;
+        std::vector<std::thread> threads;
         {
             const std::scoped_lock lock(mutex_);
             isStopped_ = true;
             dropped.swap(tasks_);
-            thread.swap(thread_);
-            changed_.notify_one();
+            threads.swap(threads_);
+            changed_.notify_all();
         }
-        if (thread.joinable()) {
+        for (std::thread& thread : threads) {
             thread.join();
         }
     }
 
   private:
+    /// Somebody has to wait for the first task: one that waits already, or another thread. With the
+    /// lock.
+    void watchTheTime() {
+        if (waiting_ > 0) {
+            changed_.notify_one();
+        } else if (threads_.size() < most_ && !isStopped_) {
+            threads_.emplace_back([this] { run(); });
+        }
+    }
+
     void run() {
         std::unique_lock lock(mutex_);
         while (!isStopped_) {
             const core::Instant now = core::Clock::system().now();
             if (tasks_.empty()) {
+                ++waiting_;
                 changed_.wait(lock);
+                --waiting_;
             } else if (const auto next = tasks_.begin(); next->first.first > now) {
                 // A copy, since the task may be taken away while this waits.
                 const core::Instant until = std::min(next->first.first, now + longestSleep);
+                ++waiting_;
                 changed_.wait_until(lock, until);
+                --waiting_;
             } else {
                 auto due = tasks_.extract(next);
+                if (!tasks_.empty()) {
+                    watchTheTime();
+                }
                 lock.unlock();
                 due.mapped()();
                 due = {}; // what the task holds may come back here, too
@@ -90,10 +108,13 @@ class WorkerTimerQueue::Worker {
     TaskMap tasks_;
     std::uint64_t lastNumber_ = 0;
     bool isStopped_ = false;
-    std::thread thread_;
+    const std::size_t most_;
+    std::size_t waiting_ = 0; // threads that wait for a task or its time
+    std::vector<std::thread> threads_;
 };
 
-WorkerTimerQueue::WorkerTimerQueue() : worker_(std::make_shared<Worker>()) {}
+WorkerTimerQueue::WorkerTimerQueue(std::size_t threads)
+    : worker_(std::make_shared<Worker>(threads)) {}
 
 WorkerTimerQueue::~WorkerTimerQueue() {
     worker_->stop();

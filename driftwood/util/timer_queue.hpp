@@ -3,6 +3,7 @@
 #include "core/clock.hpp"
 #include "core/subscription.hpp"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 
@@ -19,16 +20,18 @@ class TimerQueue {
     [[nodiscard]] virtual core::Subscription schedule(core::Seconds delay,
                                                       std::function<void()> task) = 0;
 
-    /// The queue of the process: one background thread, which starts with the first task. Tasks run
-    /// one after another, so a long one delays the next.
+    /// The queue of the process, on background threads that start when they are needed: a long task
+    /// delays no other one.
     static TimerQueue& shared();
 };
 
-/// A thread of its own that runs the tasks in the order of their times. What has not begun when it
+/// Threads of its own that begin the tasks in the order of their times. What has not begun when it
 /// is destroyed does not run; what has begun is waited for, so a task must not destroy the queue.
+/// Any thread.
 class WorkerTimerQueue final : public TimerQueue {
   public:
-    WorkerTimerQueue();
+    /// So many threads at most; with one, tasks run one after another.
+    explicit WorkerTimerQueue(std::size_t threads = 1);
     ~WorkerTimerQueue() override;
 
     [[nodiscard]] core::Subscription schedule(core::Seconds delay,

@@ -8,8 +8,9 @@
 namespace driftwood {
 
 /// Lets only the last of a burst of events through, some time after it. Drive it from one thread;
-/// the action runs on a background thread, and has to go to the main thread for anything that
-/// touches the interface. Destroying the throttler cancels what waits.
+/// the action runs on a background thread, beside those of other throttlers, and has to go to the
+/// main thread for anything that touches the interface. Destroying the throttler cancels what
+/// waits.
 class UIEventThrottler {
   public:
     /// `interval` is the quiet time that lets an action through. The timers outlive the throttler.

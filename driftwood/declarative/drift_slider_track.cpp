@@ -1,0 +1,131 @@
+#include "driftwood/declarative/drift_slider_track.hpp"
+
+#include "core/fatal.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace driftwood {
+namespace drift_slider {
+namespace {
+
+constexpr double smallestTrack = 10; // exclusive
+constexpr double deadZone = 20;
+
+double knobCentre(double place, double width) {
+    return std::clamp(place * width, knobReach, width - knobReach);
+}
+
+} // namespace
+
+std::optional<TrackParts> trackParts(const DriftSliderModel& model, double width) {
+    if (!(width > smallestTrack)) {
+        return {};
+    }
+    TrackParts parts;
+    const auto& starts = model.startingValues;
+    const auto place = model.percent();
+    if ((place || !starts.empty()) && width < knobSize) {
+        core::fatal("A slider's track needs 16 points for its knob");
+    }
+    if (place) {
+        parts.fillWidth = std::clamp(*place * width, knobSize, width);
+        parts.knobX = knobCentre(*place, width);
+        return parts;
+    }
+    const bool tooMany = starts.size() > maxKnobs;
+    parts.fillWidth = tooMany ? width : 0;
+    parts.knobOpacity = tooMany ? 0 : mixedKnobOpacity;
+    if (!starts.empty()) {
+        parts.knobX = knobCentre(model.normalised(starts[0]), width);
+    }
+    for (std::size_t i = 1; !tooMany && i < starts.size(); ++i) {
+        parts.extraKnobs[i - 1] = knobCentre(model.normalised(starts[i]), width);
+    }
+    return parts;
+}
+
+} // namespace drift_slider
+
+namespace {
+
+/// With the value of now, unless it is mixed. The callback may replace itself, so a copy is called.
+void tell(const DriftSliderModel& model, DriftSliderModel::Callback callback) {
+    if (const auto value = model.value.value(); value && callback) {
+        callback(*value);
+    }
+}
+
+} // namespace
+
+double DriftSliderDrag::knobFromPointer(double pointer, double width) const {
+    const double x = std::clamp(pointer, 0.0, width) + xDragOffset_;
+    if (x < drift_slider::knobReach) {
+        return 0;
+    }
+    return x > width - drift_slider::knobReach ? width : x;
+}
+
+void DriftSliderDrag::begin(core::Point pointer, double width) {
+    const auto model = model_; // who is told may destroy this drag
+    isDragging_ = true;
+    const auto parts = drift_slider::trackParts(*model, width);
+    const double knob = parts ? parts->knobX : 0;
+    const bool isOnKnob = pointer.x >= knob - drift_slider::knobReach &&
+                          pointer.x < knob + drift_slider::knobReach && pointer.y >= 0 &&
+                          pointer.y < drift_slider::rowHeight;
+    if (isOnKnob) {
+        xDragOffset_ = knob - pointer.x;
+    } else {
+        model->setPercent(knobFromPointer(pointer.x, width) / width);
+    }
+    tell(*model, model->onSlideStarted);
+}
+
+void DriftSliderDrag::move(core::Point pointer, double translation, double width, bool snaps) {
+    if (!(width > drift_slider::smallestTrack)) {
+        return;
+    }
+    if (!isDragging_) {
+        begin(pointer, width);
+        return;
+    }
+    xDistanceDragged_ += std::abs(translation);
+    const double place = knobFromPointer(pointer.x, width) / width;
+    if (snaps) {
+        snapTo(place);
+        return;
+    }
+    if (xDragOffset_ != 0 && xDistanceDragged_ < drift_slider::deadZone) {
+        return;
+    }
+    const auto model = model_;
+    model->setPercent(place);
+    tell(*model, model->onSlideOngoing);
+}
+
+void DriftSliderDrag::snapTo(double place) {
+    const auto model = model_;
+    const double lowest = model->minimumValue;
+    // The minimum counts within the rounding, too: with one that is not 0 the steps are shifted.
+    const double steps =
+        std::round((place * (model->maximumValue - lowest) - lowest) / model->incrementBy);
+    const double snapped = model->clamped(steps * model->incrementBy + lowest);
+    if (model->value.value() != snapped) {
+        model->setValue(snapped);
+        tell(*model, model->onSlideOngoing);
+    }
+}
+
+void DriftSliderDrag::end() {
+    if (!isDragging_) {
+        return;
+    }
+    isDragging_ = false;
+    xDragOffset_ = 0;
+    xDistanceDragged_ = 0;
+    const auto model = model_;
+    tell(*model, model->onSlideComplete);
+}
+
+} // namespace driftwood
