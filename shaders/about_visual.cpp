@@ -1,18 +1,21 @@
-#include "shaders/about_renderer.hpp"
+#include "shaders/about_visual.hpp"
 
 #include "platform/gpu/gpu_error.hpp"
-#include "shaders/renderer_error.hpp"
 #include "shaders/resource_bundle_accessor.hpp"
 
+#include <QEvent>
 #include <QWindow>
+
+#include <exception>
 
 namespace kestrel {
 namespace {
 
-/// A window is one as far as it is on a screen, or has been.
+/// A view by itself is in no window until it is shown as one; a window that is to be shown knows
+/// its scale already.
 qreal backingScaleFactor(const QWidget& view) {
-    const QWindow* const window = view.window()->windowHandle();
-    return window != nullptr ? window->devicePixelRatio() : 1.0;
+    const bool isInWindow = !view.isWindow() || view.windowHandle() != nullptr;
+    return isInWindow ? view.window()->devicePixelRatio() : 1.0;
 }
 
 QImage loadTexture(const platform::Bundle& bundle, const char* name, qreal scale) {
@@ -46,9 +49,39 @@ AboutRenderer::AboutRenderer(platform::GpuView& view, const core::Clock& clock,
                        .renderEncoderLabel = "About View Render Encoder",
                        .vertexFunctionName = QStringLiteral("aboutVertexShader"),
                        .fragmentFunctionName = QStringLiteral("aboutFragmentShader"),
-                       .textures = {textures[0], textures[1]}},
+                       .textures = {textures[0], textures[1]},
+                       .period = familyPeriod},
                       clock),
       logoTexture_(textures[0]),
       noiseTexture_(textures[1]) {}
+
+AboutSampleView::AboutSampleView(const core::Clock& clock)
+    : GpuView(nullptr, platform::GpuDevice::systemDefault()), clock_(clock) {
+    setColorSpace(platform::DrawableColorSpace::extendedLinearDisplayP3);
+    setPaused(false);
+}
+
+AboutSampleView::~AboutSampleView() {
+    setDelegate(nullptr);
+}
+
+bool AboutSampleView::event(QEvent* event) {
+    const bool isHandled = GpuView::event(event);
+    if (event->type() == QEvent::ParentChange && parentWidget() != nullptr) {
+        viewDidMoveToSuperview();
+    }
+    return isHandled;
+}
+
+void AboutSampleView::viewDidMoveToSuperview() {
+    setDelegate(nullptr);
+    try {
+        renderer_ = std::make_unique<AboutRenderer>(*this, clock_);
+    } catch (const std::exception&) {
+        renderer_.reset(); // an empty view
+    }
+    setDelegate(renderer_.get());
+    setVisible(renderer_ != nullptr);
+}
 
 } // namespace kestrel

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "platform/gpu/gpu_view.hpp"
 #include "shaders/quad_renderer.hpp"
+#include "shaders/shader_view_controller.hpp"
+
+#include <memory>
 
 namespace kestrel {
 
@@ -13,6 +17,7 @@ struct AboutUniforms {
 
 /// Draws the about visual: the logo in drifting light. The fragment function gets the images
 /// "tern-logo" and "tern-noise" at the window's scale, or at 1.0 when the view is in no window yet.
+/// Main thread.
 class AboutRenderer final : public UniformRenderer<AboutUniforms> {
   public:
     /// The images are those of `bundle`, null for this library's own. Throws as `QuadRenderer`
@@ -32,6 +37,46 @@ class AboutRenderer final : public UniformRenderer<AboutUniforms> {
 
     QImage logoTexture_;
     QImage noiseTexture_;
+};
+
+/// Shows the about visual in a container view, in linear sRGB. Main thread.
+class AboutShaderViewController final : public RendererHost<AboutRenderer> {
+    Q_OBJECT
+
+  public:
+    /// The container owns the controller.
+    explicit AboutShaderViewController(QWidget* view,
+                                       const core::Clock& clock = core::Clock::system())
+        : RendererHost(view, clock) {}
+
+  protected:
+    std::unique_ptr<QuadRenderer> makeRenderer(platform::GpuView& view) override {
+        return std::make_unique<AboutRenderer>(view, clock());
+    }
+};
+
+/// The about visual as a view of its own, in linear Display P3. It shows itself and starts anew
+/// whenever it gets a parent, and does not pause while its window is not key. Without a device or
+/// its images it is empty. Main thread.
+class AboutSampleView final : public platform::GpuView {
+    Q_OBJECT
+
+  public:
+    /// Without a parent and without a renderer: both come when it is put into one.
+    explicit AboutSampleView(const core::Clock& clock = core::Clock::system());
+    ~AboutSampleView() override;
+
+    /// Null as long as there is no parent, and when it could not be made.
+    [[nodiscard]] AboutRenderer* renderer() const { return renderer_.get(); }
+
+  protected:
+    bool event(QEvent* event) override;
+
+  private:
+    void viewDidMoveToSuperview();
+
+    const core::Clock& clock_;
+    std::unique_ptr<AboutRenderer> renderer_;
 };
 
 } // namespace kestrel

@@ -1,7 +1,7 @@
-#include "platform/ui/shade_image.hpp"
-#include "platform/ui/shader_effect.hpp"
+#include "platform/gpu/shade_image.hpp"
+#include "platform/gpu/shader_effect.hpp"
 #include "shaders/kestrel_shaders_helper.hpp"
-#include "shaders/test_support.hpp"
+#include "shaders/testing/test_support.hpp"
 
 #include <QLabel>
 
@@ -204,7 +204,7 @@ TEST(OutsideShaders, MarkExactlyTheColoursOutside) {
         Stage stage(api, {160, 120});
         stage.show(std::make_unique<MetalShaderRenderer>(
             stage.view, QString(), QStringLiteral("audioWaveformVertexShader"),
-            QStringLiteral("wideGamutFragmentShader"), stage.clock));
+            QStringLiteral("wideGamutFragmentShader"), MetalShaderOptions{}, stage.clock));
         const QImage plain = shadedPicture(stage, {});
         for (const auto& [shader, marker, isP3] :
              {Case{KestrelShadersHelper::outsideSRGBShader(), qRgb(0xff, 0x9a, 0x4a), false},

@@ -1,8 +1,11 @@
 #include "platform/gpu/gpu_error.hpp"
-#include "shaders/metal_shader_renderer.hpp"
-#include "shaders/renderer_error.hpp"
+#include "shaders/metal_shader.hpp"
+#include "shaders/quad_renderer.hpp"
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <thread>
 
 namespace kestrel {
 namespace {
@@ -14,10 +17,12 @@ const QString fragmentName = QStringLiteral("audioWaveformFragmentShader");
 
 /// A renderer on a device that draws nothing.
 struct Scene {
-    core::ManualClock clock;
+    MetalShaderOptions options{};
+    core::ManualClock clock{};
     platform::GpuView view{nullptr, platform::GpuDevice::headless(platform::GpuApi::null)};
-    MetalShaderRenderer renderer{view,  QStringLiteral("Main"),       vertexName, fragmentName,
-                                 clock, [] { return 4'000'000'000U; }};
+    MetalShaderRenderer renderer{
+        view,  QStringLiteral("Main"),       vertexName, fragmentName, options,
+        clock, [] { return 4'000'000'000U; }};
 };
 
 TEST(MetalShaderRenderer, TakesFinishedPausesOffTheTime) {
@@ -30,6 +35,7 @@ TEST(MetalShaderRenderer, TakesFinishedPausesOffTheTime) {
         std::vector<Step> steps;
         double at;
         float time;
+        double period = 0;
     };
     for (const Case& test : std::vector<Case>{
              {"one pause", {{10, Step::pause}, {15, Step::resume}}, 16, 11},
@@ -47,13 +53,15 @@ TEST(MetalShaderRenderer, TakesFinishedPausesOffTheTime) {
               16,
               11},
              {"the time goes on while it pauses", {{10, Step::pause}}, 12, 12},
-             {"is folded", {}, 3 * 4096 + 5.25, 5.25},
+             {"is not folded", {}, 3 * 4096 + 5.25, 12293.25},
+             {"is folded", {}, 3 * 4096 + 5.25, 5.25, 4096},
              {"is folded after pauses are off",
               {{90, Step::pause}, {95, Step::resume}},
               4100,
-              4095},
-             {"after many days", {}, 1e6 + 1.0 / 64, 576 + 1.0F / 64}}) {
-        Scene scene;
+              4095,
+              4096},
+             {"after many days", {}, 1e6 + 1.0 / 64, 576 + 1.0F / 64, 4096}}) {
+        Scene scene{.options = {.period = test.period}};
         for (const Step& step : test.steps) {
             scene.clock.set(Seconds(step.at));
             step.action == Step::pause ? scene.renderer.pause() : scene.renderer.resume();
@@ -104,6 +112,17 @@ TEST(MetalShaderRenderer, TellsWhyItCannotBeMade) {
     }
 }
 
+TEST(MetalShaderRenderer, ReportsAnotherThreadInEveryBuild) {
+    Scene scene;
+    const auto elsewhere = [&](void (*use)(Scene&)) { std::thread(use, std::ref(scene)).join(); };
+    EXPECT_DEATH(elsewhere([](Scene& s) { s.renderer.draw(s.view); }),
+                 "outside of the main thread");
+    EXPECT_DEATH(elsewhere([](Scene& s) {
+                     s.renderer.drawableSizeWillChange(s.view, {1, 1});
+                 }),
+                 "outside of the main thread");
+}
+
 // The picture follows from size, seed and time and from nothing else.
 TEST(MetalShaderRenderer, DrawsTheWaveform) {
     core::ManualClock clock;
@@ -113,7 +132,7 @@ TEST(MetalShaderRenderer, DrawsTheWaveform) {
         clock.set(Seconds(0));
         platform::GpuView view(nullptr, device);
         view.resize(200, 150);
-        MetalShaderRenderer renderer(view, {}, vertexName, fragmentName, clock,
+        MetalShaderRenderer renderer(view, {}, vertexName, fragmentName, {}, clock,
                                      [seed] { return seed; });
         view.setDelegate(&renderer);
         clock.set(Seconds(time));

@@ -2,11 +2,9 @@
 
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/testing/window_testing.hpp"
-#include "shaders/about_sample_view.hpp"
-#include "shaders/about_shader_view_controller.hpp"
-#include "shaders/content_view_shader.hpp"
-#include "shaders/metal_shader_view_controller.hpp"
-#include "shaders/supporter_shader_view_controller.hpp"
+#include "shaders/about_visual.hpp"
+#include "shaders/metal_shader.hpp"
+#include "shaders/supporter_visual.hpp"
 
 #include <gtest/gtest.h>
 

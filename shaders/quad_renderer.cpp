@@ -1,8 +1,9 @@
 #include "shaders/quad_renderer.hpp"
 
-#include "shaders/renderer_error.hpp"
+#include "core/fatal.hpp"
 #include "shaders/resource_bundle_accessor.hpp"
 
+#include <QCoreApplication>
 #include <QThread>
 
 #include <cmath>
@@ -11,8 +12,18 @@
 namespace kestrel {
 namespace {
 
+constexpr const char* noValidDeviceKey = "MetalRenderer.Error.description";
+constexpr const char* noValidDeviceText = "No valid metal device";
+
 double secondsBetween(core::Instant from, core::Instant to) {
     return std::abs((to - from).count());
+}
+
+/// In every build: frames from another thread would corrupt the device's state now and then.
+void requireMainThread(const platform::GpuView& view) {
+    if (view.thread() != QThread::currentThread()) {
+        core::fatal("A renderer is used outside of the main thread");
+    }
 }
 
 std::optional<platform::ShaderFunction> findFunction(const QString& name,
@@ -25,6 +36,17 @@ std::optional<platform::ShaderFunction> findFunction(const QString& name,
 }
 
 } // namespace
+
+QString RendererError::localizedDescription() const {
+    //: Error message shown run on a machine without metal
+    const QString text = QCoreApplication::translate("", "MetalRenderer.Error.description");
+    // The key stands for itself where there is no catalogue.
+    return text == QLatin1String(noValidDeviceKey) ? QString::fromLatin1(noValidDeviceText) : text;
+}
+
+const char* RendererError::what() const noexcept {
+    return noValidDeviceText;
+}
 
 QuadRenderer::QuadRenderer(platform::GpuView& view, RendererDescription description,
                            std::size_t uniformSize, const core::Clock& clock)
@@ -71,13 +93,13 @@ QuadRenderer::ViewSize QuadRenderer::viewSize() const {
 }
 
 void QuadRenderer::drawableSizeWillChange(platform::GpuView& view, QSize pixels) {
-    Q_ASSERT(view.thread() == QThread::currentThread());
+    requireMainThread(view);
     viewport_ = {0, 0, static_cast<double>(pixels.width()), static_cast<double>(pixels.height()),
                  0, 1};
 }
 
 void QuadRenderer::draw(platform::GpuView& view) {
-    Q_ASSERT(view.thread() == QThread::currentThread());
+    requireMainThread(view);
     if (platform::GpuRenderPass* const pass =
             view.beginRenderPass(commandBufferLabel_, renderEncoderLabel_)) {
         pipelineState_->draw(*pass, viewport_, uniformBytes());

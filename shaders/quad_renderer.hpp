@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstddef>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <span>
@@ -19,7 +20,26 @@
 
 namespace kestrel {
 
-/// What differs from one renderer of this library to the next.
+/// What can keep a renderer from being made, beside errors of the GPU platform itself. Any thread.
+class RendererError : public std::exception {
+  public:
+    enum class Case { noValidDevice };
+
+    explicit RendererError(Case error) : error_(error) {}
+
+    [[nodiscard]] Case error() const { return error_; }
+    /// A sentence for the user, in the user's language.
+    [[nodiscard]] QString localizedDescription() const;
+    [[nodiscard]] const char* what() const noexcept override;
+
+  private:
+    Case error_;
+};
+
+/// Seconds after which all motion of this library's own visuals repeats: PERIOD in family.glsl.
+inline constexpr double familyPeriod = 4096;
+
+/// What differs from one renderer of this library to the next. A plain value.
 struct RendererDescription {
     QByteArray pipelineLabel = "Shader Pipeline";
     QByteArray commandBufferLabel = {};
@@ -27,9 +47,10 @@ struct RendererDescription {
     QString vertexFunctionName = QStringLiteral("quadVertexShader");
     QString fragmentFunctionName;
     std::vector<QImage> textures = {};
-    /// Seconds after which the fragment function's motion repeats, 0 if it never does. The time is
-    /// folded there before it becomes a float, which after weeks could not tell two frames apart.
-    double period = 4096;
+    /// Seconds after which the fragment function's motion repeats; the time is folded there before
+    /// it becomes a float, which after weeks could not tell two frames apart. 0: it never repeats,
+    /// and the function gets all seconds.
+    double period = 0;
     /// Where the functions are looked up before this library's own bundle. Only read at creation.
     const platform::Bundle* bundle = nullptr;
 };
@@ -56,7 +77,7 @@ class QuadRenderer : public platform::GpuViewDelegate {
     /// The animation's time of now in seconds. It goes on during a pause, which is taken off when
     /// it ends.
     [[nodiscard]] double elapsedTime() const;
-    /// The same, folded into 0 … `period`: what the fragment function gets.
+    /// The same, folded into 0 … `period` where there is one: what the fragment function gets.
     [[nodiscard]] float time() const;
 
     [[nodiscard]] const platform::GpuDevice& device() const { return *device_; }
@@ -94,6 +115,7 @@ class QuadRenderer : public platform::GpuViewDelegate {
 };
 
 /// A renderer whose fragment function gets a struct: `Values` has the layout of its std140 block.
+/// Main thread.
 template<class Values>
 class UniformRenderer : public QuadRenderer {
   public:

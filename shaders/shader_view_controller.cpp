@@ -42,6 +42,9 @@ void ShaderViewController::viewDidAppear() {
         platform::observeWindowBecomingKey([this](QObject* object) { handleDidBecomeKey(object); });
     resigningKey_ = platform::observeWindowResigningKey(
         [this](QObject* object) { handleDidResignKey(object); });
+    if (window() != nullptr && !window()->isActiveWindow()) {
+        pause(notKey); // as if it had just resigned
+    }
 }
 
 void ShaderViewController::viewDidDisappear() {
@@ -55,6 +58,7 @@ void ShaderViewController::release() {
         metalKitView_->setDelegate(nullptr);
     }
     renderer_.reset();
+    pauseReasons_ = 0;
     delete metalKitView_;
 }
 
@@ -64,7 +68,43 @@ bool ShaderViewController::isOwnWindow(const QObject* object) const {
 }
 
 void ShaderViewController::handleDidBecomeKey(QObject* object) {
-    if (!isOwnWindow(object)) {
+    if (isOwnWindow(object)) {
+        resume(notKey);
+    }
+}
+
+void ShaderViewController::handleDidResignKey(QObject* object) {
+    if (isOwnWindow(object)) {
+        pause(notKey);
+    }
+}
+
+void ShaderViewController::windowDidHideFromSight() {
+    if ((pauseReasons_ & outOfSight) == 0) {
+        pause(outOfSight);
+    }
+}
+
+void ShaderViewController::windowDidReturnToSight() {
+    resume(outOfSight);
+}
+
+/// A second reason joins the pause that there is. The same reason again begins the pause anew and
+/// forgets its earlier part, as `QuadRenderer::pauseTime` says.
+void ShaderViewController::pause(PauseReason reason) {
+    const bool isOtherPause = pauseReasons_ != 0 && (pauseReasons_ & reason) == 0;
+    pauseReasons_ |= reason;
+    if (renderer_ != nullptr && !isOtherPause) {
+        renderer_->pause();
+    }
+    if (metalKitView_ != nullptr) {
+        metalKitView_->setPaused(true);
+    }
+}
+
+void ShaderViewController::resume(PauseReason reason) {
+    pauseReasons_ &= ~static_cast<unsigned>(reason);
+    if (pauseReasons_ != 0) {
         return;
     }
     if (renderer_ != nullptr) {
@@ -72,34 +112,6 @@ void ShaderViewController::handleDidBecomeKey(QObject* object) {
     }
     if (metalKitView_ != nullptr) {
         metalKitView_->setPaused(false);
-    }
-}
-
-void ShaderViewController::handleDidResignKey(QObject* object) {
-    if (!isOwnWindow(object)) {
-        return;
-    }
-    if (renderer_ != nullptr) {
-        renderer_->pause();
-    }
-    if (metalKitView_ != nullptr) {
-        metalKitView_->setPaused(true);
-    }
-}
-
-// Out of sight counts as a pause of its own only when the window has not resigned key already, and
-// ends only when it is key.
-
-void ShaderViewController::windowDidHideFromSight() {
-    if (renderer_ != nullptr && !renderer_->pauseTime) {
-        renderer_->pause();
-        metalKitView_->setPaused(true);
-    }
-}
-
-void ShaderViewController::windowDidReturnToSight() {
-    if (window() != nullptr && window()->isActiveWindow()) {
-        handleDidBecomeKey(window());
     }
 }
 

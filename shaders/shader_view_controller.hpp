@@ -14,8 +14,9 @@ namespace kestrel {
 
 /// Hosts a renderer in a container view: makes the drawing view and the renderer when the container
 /// appears, stops the animation while its window is not key, out of sight or minimised, and
-/// releases both when it disappears, so that the next appearance starts anew at time 0. A renderer
-/// that cannot be made leaves the view empty, without a message. Main thread.
+/// releases both when it disappears, so that the next appearance starts anew at time 0. In a window
+/// that is not key yet it shows its first picture and stands still. A renderer that cannot be made
+/// leaves the view empty, without a message. Main thread.
 class ShaderViewController : public platform::ViewController {
     Q_OBJECT
 
@@ -44,17 +45,23 @@ class ShaderViewController : public platform::ViewController {
     virtual std::unique_ptr<QuadRenderer> makeRenderer(platform::GpuView& view) = 0;
 
   private:
+    /// Why the animation stands still. It goes on when no reason is left.
+    enum PauseReason : unsigned { notKey = 1, outOfSight = 2 };
+
     [[nodiscard]] bool isOwnWindow(const QObject* object) const;
+    void pause(PauseReason reason);
+    void resume(PauseReason reason);
     void release();
 
     const core::Clock& clock_;
     QPointer<platform::GpuView> metalKitView_;
     std::unique_ptr<QuadRenderer> renderer_;
+    unsigned pauseReasons_ = 0;
     core::Subscription becomingKey_;
     core::Subscription resigningKey_;
 };
 
-/// A host that knows which renderer it makes.
+/// A host that knows which renderer it makes. Main thread.
 template<class Renderer>
 class RendererHost : public ShaderViewController {
   public:

@@ -1,7 +1,6 @@
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/testing/window_testing.hpp"
-#include "shaders/content_view_shader.hpp"
-#include "shaders/metal_shader_view_controller.hpp"
+#include "shaders/metal_shader.hpp"
 
 #include <QApplication>
 #include <QLabel>
@@ -30,6 +29,7 @@ class ShaderViewControllerTest : public ::testing::Test {
         container = new QWidget(window.get());
         container->setGeometry(0, 0, 400, 300);
         controller = makeController("audioWaveformFragmentShader");
+        other.setGeometry(420, 0, 100, 100); // beside it, covers nothing
     }
 
     static void prepare(QWidget& window) {
@@ -42,7 +42,7 @@ class ShaderViewControllerTest : public ::testing::Test {
     MetalShaderViewController* makeController(const char* fragmentFunction) {
         return new MetalShaderViewController(container, QStringLiteral("Main"),
                                              QStringLiteral("audioWaveformVertexShader"),
-                                             QString::fromLatin1(fragmentFunction), clock);
+                                             QString::fromLatin1(fragmentFunction), {}, clock);
     }
 
     void show() {
@@ -162,19 +162,58 @@ TEST_F(ShaderViewControllerTest, OutOfSightIsAPauseOnlyWhenThereIsNone) {
     EXPECT_FLOAT_EQ(renderer().time(), 11);
     EXPECT_FALSE(view().isPaused());
 
-    // Not key when it comes back: the pause goes on until it is.
-    clock.set(Seconds(20));
+    // Two reasons are one pause from the first to the last of them, in whichever order they go.
+    double now = 20;
+    double shown = 15;
+    for (const bool isSightFirst : {true, false}) {
+        for (const bool isSightLast : {true, false}) {
+            const auto hide = [&] { controller->windowDidHideFromSight(); };
+            const auto resign = [&] { controller->handleDidResignKey(window.get()); };
+            const auto sight = [&] { controller->windowDidReturnToSight(); };
+            const auto key = [&] { controller->handleDidBecomeKey(window.get()); };
+            clock.set(Seconds(now));
+            isSightFirst ? hide() : resign();
+            clock.set(Seconds(now + 3600));
+            isSightFirst ? resign() : hide();
+            clock.set(Seconds(now + 3603));
+            isSightLast ? key() : sight();
+            EXPECT_TRUE(view().isPaused());
+            clock.set(Seconds(now + 3605));
+            isSightLast ? sight() : key();
+            EXPECT_FALSE(view().isPaused());
+            EXPECT_FLOAT_EQ(renderer().time(), static_cast<float>(shown));
+            now += 3606;
+            shown += 1;
+        }
+    }
+}
+
+TEST_F(ShaderViewControllerTest, ShowsAStillPictureUntilItsWindowIsKey) {
+    clock.set(Seconds(0));
     showActive(other);
-    clock.set(Seconds(22));
-    controller->windowDidHideFromSight();
-    clock.set(Seconds(24));
-    controller->windowDidReturnToSight();
+    window->show();
+    EXPECT_TRUE(runUntil([&] { return litPixels() > 2000; }));
     EXPECT_TRUE(view().isPaused());
     EXPECT_EQ(framesWithin(200), 0);
-    clock.set(Seconds(30));
+    clock.set(Seconds(10));
     showActive(*window);
-    clock.set(Seconds(31));
-    EXPECT_FLOAT_EQ(renderer().time(), 16); // 26 − 10
+    clock.set(Seconds(12));
+    EXPECT_FLOAT_EQ(renderer().time(), 2);
+    EXPECT_TRUE(drawsFrames(3));
+}
+
+TEST_F(ShaderViewControllerTest, StandsStillWhileItIsCovered) {
+    show();
+    EXPECT_TRUE(drawsFrames(3));
+    other.setWindowFlag(Qt::ToolTip); // takes the keyboard from nobody
+    other.setGeometry(window->frameGeometry().adjusted(-10, -10, 10, 10));
+    other.show();
+    EXPECT_TRUE(runUntil([&] { return view().isPaused(); }));
+    EXPECT_TRUE(window->isActiveWindow());
+    EXPECT_EQ(framesWithin(200), 0);
+    other.resize(50, 50); // a part is seen again
+    EXPECT_TRUE(runUntil([&] { return !view().isPaused(); }));
+    EXPECT_TRUE(drawsFrames(3));
 }
 
 TEST_F(ShaderViewControllerTest, MinimisingIsNoDisappearance) {
@@ -234,7 +273,13 @@ TEST_F(ShaderViewControllerTest, GoesWhileItIsVisible) {
     auto* const visual = new ContentViewShader(window.get());
     visual->show();
     runFor(50);
-    EXPECT_NE(visual->controller().renderer(), nullptr);
+    ASSERT_NE(visual->controller().renderer(), nullptr);
+    showActive(other);
+    runFor(50);
+    const platform::GpuView& drawn = *visual->controller().metalKitView();
+    const long before = drawn.frameCount(); // one more when what it is shown with changes
+    visual->setEnabled(false);
+    EXPECT_TRUE(runUntil([&] { return drawn.frameCount() == before + 1; }));
     window.reset(); // with its window
     runFor(50);
 }

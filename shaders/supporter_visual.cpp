@@ -1,11 +1,21 @@
-#include "shaders/supporter_shader_view_controller.hpp"
+#include "shaders/supporter_visual.hpp"
 
 #include "core/fatal.hpp"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace kestrel {
 namespace {
 
 using SwitchList = SupporterShaderRenderer::SwitchList;
+
+float mainScreenScale() {
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen != nullptr ? static_cast<float>(screen->devicePixelRatio()) : 1.0F;
+}
 
 float& at(SwitchList& list, int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= list.size()) {
@@ -16,6 +26,47 @@ float& at(SwitchList& list, int index) {
 
 } // namespace
 
+SupporterShaderRenderer::SupporterShaderRenderer(platform::GpuView& view, const QString& name,
+                                                 const core::Clock& clock)
+    : UniformRenderer(view,
+                      {.commandBufferLabel = name.toUtf8() + " Command Buffer",
+                       .vertexFunctionName = QStringLiteral("supporterVertexShader"),
+                       .fragmentFunctionName = QStringLiteral("supporterFragmentShader"),
+                       .period = familyPeriod},
+                      clock),
+      name_(name),
+      scale_(mainScreenScale()) {}
+
+SwitchList SupporterShaderRenderer::switchHistoryTime() const {
+    SwitchList times{};
+    std::ranges::transform(switchHistoryTime_, times.begin(),
+                           [](double time) { return static_cast<float>(time); });
+    return times;
+}
+
+void SupporterShaderRenderer::recordSwitchEvent(int index) {
+    std::shift_right(switchHistory_.begin(), switchHistory_.end(), 1);
+    std::shift_right(switchHistoryTime_.begin(), switchHistoryTime_.end(), 1);
+    switchHistoryTime_.front() = elapsedTime();
+    switchHistory_.front() = static_cast<float>(index);
+}
+
+SupporterUniforms SupporterShaderRenderer::uniforms() const {
+    const double elapsed = elapsedTime();
+    const double folded = wholePeriods(elapsed);
+    SupporterUniforms values{.resolution = viewSize(),
+                             .time = static_cast<float>(elapsed - folded),
+                             .scale = scale_,
+                             .switchOnState = {switchOnState},
+                             .switchDownState = {switchDownState},
+                             .switchHistory = {switchHistory_},
+                             .switchHistoryTime = {}};
+    for (std::size_t i = 0; i < switchCount && switchHistory_[i] >= 0; ++i) {
+        values.switchHistoryTime.values[i] = static_cast<float>(switchHistoryTime_[i] - folded);
+    }
+    return values;
+}
+
 SupporterShaderViewController::SupporterShaderViewController(QWidget* view,
                                                              const QString& rendererName,
                                                              const core::Clock& clock)
@@ -24,7 +75,7 @@ SupporterShaderViewController::SupporterShaderViewController(QWidget* view,
 std::unique_ptr<QuadRenderer> SupporterShaderViewController::makeRenderer(platform::GpuView& view) {
     auto made = std::make_unique<SupporterShaderRenderer>(view, rendererName_, clock());
     if (switchOnStateToSetOnAppear_) {
-        made->switchOnState = *switchOnStateToSetOnAppear_; // kept for the next appearance
+        made->switchOnState = *switchOnStateToSetOnAppear_; // kept for the next appearance, too
     }
     return made;
 }
@@ -35,6 +86,7 @@ void SupporterShaderViewController::setInitialButtonStates(bool on1, bool on2, b
     const SwitchList states{level(on1), level(on2), level(on3), level(on4), level(on5), level(on6)};
     if (renderer() != nullptr) {
         renderer()->switchOnState = states;
+        switchOnStateToSetOnAppear_.reset();
     } else {
         switchOnStateToSetOnAppear_ = states;
     }

@@ -1,7 +1,7 @@
 #include "platform/testing/window_testing.hpp"
-#include "shaders/renderer_error.hpp"
-#include "shaders/supporter_shader_view_controller.hpp"
-#include "shaders/test_support.hpp"
+#include "shaders/quad_renderer.hpp"
+#include "shaders/supporter_visual.hpp"
+#include "shaders/testing/test_support.hpp"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -65,6 +65,8 @@ TEST(SupporterShaderRenderer, KnowsTheAgeOfEventsHoweverLongItRuns) {
     }
     const SupporterUniforms uniforms = renderer.uniforms();
     EXPECT_GT(uniforms.time - uniforms.switchHistoryTime.values[3], 9e5); // never young again
+    EXPECT_EQ(uniforms.switchHistory.values[4], -1);
+    EXPECT_EQ(uniforms.switchHistoryTime.values[4], 0);
 }
 
 TEST(SupporterShaderRenderer, ShowsEachOfItsInputs) {
@@ -153,21 +155,23 @@ TEST_F(SupporterController, SwitchesAsAsked) {
     }
 }
 
-TEST_F(SupporterController, KeepsInitialStatesForEveryAppearance) {
+TEST_F(SupporterController, KeepsInitialStatesUntilTheyAreSetInSight) {
     controller->setInitialButtonStates(false, true, false, false, false, true);
     const List pending{0, 1, 0, 0, 0, 1};
     for (int i = 0; i < 2; ++i) {
         showActive(window);
         EXPECT_EQ(renderer().switchOnState, pending);
         EXPECT_EQ(renderer().switchHistory()[0], -1);
-        controller->setInitialButtonStates(true, false, false, false, false, false);
-        EXPECT_EQ(renderer().switchOnState, (List{1, 0, 0, 0, 0, 0}));
-        EXPECT_EQ(controller->switchOnStateToSetOnAppear(), pending);
         controller->switchOn(3);
         controller->switchDown(3);
         window.close();
     }
     showActive(window);
+    controller->setInitialButtonStates(true, false, false, false, false, false);
+    EXPECT_EQ(renderer().switchOnState, (List{1, 0, 0, 0, 0, 0}));
+    window.close();
+    showActive(window);
+    EXPECT_EQ(renderer().switchOnState, List{});
     EXPECT_EQ(renderer().switchHistory()[0], -1); // all else starts anew
     EXPECT_EQ(renderer().switchDownState, List{});
 }

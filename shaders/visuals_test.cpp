@@ -1,4 +1,4 @@
-#include "shaders/test_support.hpp"
+#include "shaders/testing/test_support.hpp"
 
 #include <cmath>
 

@@ -3,9 +3,9 @@
 // What the tests of this library share.
 
 #include "platform/gpu/gpu_view.hpp"
-#include "shaders/about_renderer.hpp"
-#include "shaders/metal_shader_renderer.hpp"
-#include "shaders/supporter_shader_renderer.hpp"
+#include "shaders/about_visual.hpp"
+#include "shaders/metal_shader.hpp"
+#include "shaders/supporter_visual.hpp"
 
 #include <gtest/gtest.h>
 
@@ -60,7 +60,8 @@ inline const std::array<Visual, 3> visuals{
       [](Stage& stage) {
           stage.show(std::make_unique<MetalShaderRenderer>(
               stage.view, QString(), QStringLiteral("audioWaveformVertexShader"),
-              QStringLiteral("audioWaveformFragmentShader"), stage.clock, [] { return 7U; }));
+              QStringLiteral("audioWaveformFragmentShader"),
+              MetalShaderOptions{.period = familyPeriod}, stage.clock, [] { return 7U; }));
       }},
      {"About",
       [](Stage& stage) { stage.show(std::make_unique<AboutRenderer>(stage.view, stage.clock)); }},
