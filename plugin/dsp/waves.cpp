@@ -1,10 +1,10 @@
-#include "gallery/fernhorn/vocoder/waves.hpp"
+#include "plugin/dsp/waves.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 
-namespace gallery {
+namespace larkvox {
 
 namespace {
 
@@ -23,20 +23,21 @@ double chance(std::int64_t number) {
     return h / 2147483647.5 - 1;
 }
 
-double voice(CarrierWave wave, double width, double turns) {
+double voice(Source wave, double width, double turns) {
     const double part = partOf(turns);
     switch (wave) {
-    case CarrierWave::saw: {
+    case Source::saw: {
         // The width bends the saw towards a triangle.
-        const double rise = std::clamp(1 - width * 0.5, 0.5, 0.995);
-        return part < rise ? 2 * part / rise - 1 : 1 - 2 * (part - rise) / (1 - rise);
+        return (1 - width) * (2 * part - 1) + width * (1 - 4 * std::abs(part - 0.5));
     }
-    case CarrierWave::pulse:
+    case Source::pulse:
         return part < std::clamp(width, 0.05, 0.95) ? 1 : -1;
-    case CarrierWave::noise:
+    case Source::noise:
+        return chance(static_cast<std::int64_t>(std::floor(turns * 48)));
+    case Source::external:
         break;
     }
-    return chance(static_cast<std::int64_t>(std::floor(turns * 48)));
+    return 0;
 }
 
 } // namespace
@@ -73,4 +74,4 @@ double Motion::at(double turns) const {
     return depth * chance(static_cast<std::int64_t>(std::floor(straight * 4)));
 }
 
-} // namespace gallery
+} // namespace larkvox

@@ -1,22 +1,22 @@
 #pragma once
 
-namespace gallery {
+#include "plugin/parameters/vocoder_parameters.hpp"
 
-// What the screens of the plug-in draw: values of -1…1 over a phase in turns.
+namespace larkvox {
 
-enum class CarrierWave { saw, pulse, noise };
+// Waves as values of -1…1 over a phase in turns: what the screens of the window draw, and what
+// moves the formants.
 
 /// Some voices of a carrier, tuned apart. `width` is 0…1, `detune` in cents, `voices` at least 1.
+/// What comes from outside is drawn as silence.
 struct Carrier {
-    CarrierWave wave;
+    Source wave;
     double width;
     double detune;
     int voices;
 
     [[nodiscard]] double at(double turns) const;
 };
-
-enum class MotionShape { sine, ramp, square, chance };
 
 /// A slow wave. `depth` is 0…1, `offset` in turns; `swing` is the share of every other turn, 0…1.
 struct Motion {
@@ -28,4 +28,4 @@ struct Motion {
     [[nodiscard]] double at(double turns) const;
 };
 
-} // namespace gallery
+} // namespace larkvox

@@ -1,10 +1,10 @@
-#include "gallery/fernhorn/vocoder/comparison.hpp"
+#include "plugin/settings/comparison.hpp"
 
 #include "fernhorn/model/parameter_gesture.hpp"
 
 #include <utility>
 
-namespace gallery {
+namespace larkvox {
 
 Comparison::Comparison(fernhorn::ParameterSettings::Parameters parameters)
     : parameters_(std::move(parameters)) {
@@ -27,4 +27,4 @@ void Comparison::swap() {
     }
 }
 
-} // namespace gallery
+} // namespace larkvox

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace gallery {
+namespace larkvox {
 
 /// Two sets of values to compare by ear: what is heard, and another that is kept aside meanwhile.
 /// Main thread.
@@ -21,4 +21,4 @@ class Comparison {
     std::vector<float> aside_; ///< in the order of the parameters
 };
 
-} // namespace gallery
+} // namespace larkvox

@@ -1,8 +1,8 @@
-#include "gallery/fernhorn/vocoder/frequency_formatter.hpp"
+#include "plugin/settings/frequency_formatter.hpp"
 
 #include "core/decimal_text.hpp"
 
-namespace gallery {
+namespace larkvox {
 
 std::string FrequencyFormatter::format(float value) const {
     const bool isKilo = value >= 999.5F;
@@ -31,4 +31,4 @@ std::optional<float> FrequencyFormatter::parse(std::string_view text) const {
     return number && isKilo ? std::optional(*number * 1000) : number;
 }
 
-} // namespace gallery
+} // namespace larkvox

@@ -1,14 +1,12 @@
-#include "fernhorn/controls/chaos_toggle_button.hpp"
-#include "fernhorn/controls/mode_toggle_button.hpp"
-#include "fernhorn/controls/toggle_button.hpp"
-#include "gallery/fernhorn/plugin_parts.hpp"
-#include "gallery/fernhorn/screen.hpp"
-#include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
-#include "gallery/fernhorn/vocoder/waves.hpp"
+#include "fernhorn/buttons/parameter_buttons.hpp"
+#include "plugin/dsp/waves.hpp"
+#include "plugin/settings/vocoder_settings.hpp"
+#include "plugin/window/plugin_parts.hpp"
+#include "plugin/window/screen.hpp"
 
 #include <QVBoxLayout>
 
-namespace gallery {
+namespace larkvox {
 
 namespace {
 
@@ -42,7 +40,7 @@ Panel* makeCarrierScreen(VocoderSettings& settings) {
                        4, [=](double turns) {
                            const auto& voices = *unison->valueStrings();
                            const auto index = static_cast<std::size_t>(unison->value());
-                           return Carrier{.wave = static_cast<CarrierWave>(source->value()),
+                           return Carrier{.wave = static_cast<Source>(source->value()),
                                           .width = static_cast<double>(width->value()) / 100,
                                           .detune = static_cast<double>(detune->value()),
                                           .voices = std::stoi(voices.at(index))}
@@ -75,9 +73,9 @@ QWidget* makeCarrierPage(VocoderSettings& settings) {
     auto* const column = makePage(*page);
     auto* const oscillator = new Panel(QStringLiteral("Oscillator"));
     oscillator->row().addWidget(
-        makeMediumCell(settings.parameter(Which::pitch), SmallDialColor::red));
+        makeMediumCell(settings.parameter(Which::pitch), SmallDialColor::purple));
     oscillator->row().addWidget(
-        makeMediumCell(settings.parameter(Which::width), SmallDialColor::blue));
+        makeMediumCell(settings.parameter(Which::width), SmallDialColor::purple));
     oscillator->row().addWidget(
         makeMediumCell(settings.parameter(Which::noise), SmallDialColor::yellow));
     auto* const voices = new Panel(QStringLiteral("Voices"));
@@ -90,14 +88,13 @@ QWidget* makeCarrierPage(VocoderSettings& settings) {
     std::vector<QWidget*> keys;
     for (int index = 0; index < 3; ++index) {
         keys.push_back(new ChaosToggleButton(settings.parameter(Which::octave), index,
-                                             ChaosButtonColor::yellow, QSizeF(72, 36)));
+                                             ChaosButtonColor::yellow, QSizeF(120, 36)));
     }
     octave->row().addWidget(makeGroup(QStringLiteral("Octave"), keys, 3), 0,
                             Qt::AlignTop | Qt::AlignLeading);
     auto* const character = new Panel(QStringLiteral("Character"));
     character->row().addWidget(makeTinyCell(settings.parameter(Which::velocity)));
     character->row().addWidget(makeTinyCell(settings.parameter(Which::drift)));
-    character->row().addStretch(1);
     addRow(*column, {octave, character});
     return page;
 }
@@ -107,8 +104,8 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     auto* const column = makePage(*page);
     auto* const wave = new Panel(QStringLiteral("Wave"));
     wave->row().addWidget(makeMediumCell(settings.parameter(Which::rate), SmallDialColor::purple));
-    wave->row().addWidget(makeMediumCell(settings.parameter(Which::depth), SmallDialColor::blue));
-    wave->row().addWidget(makeMediumCell(settings.parameter(Which::phase), SmallDialColor::red));
+    wave->row().addWidget(makeMediumCell(settings.parameter(Which::depth), SmallDialColor::purple));
+    wave->row().addWidget(makeMediumCell(settings.parameter(Which::phase), SmallDialColor::purple));
     auto* const feel = new Panel(QStringLiteral("Feel"));
     feel->row().addWidget(makeChaosCell(settings.parameter(Which::swing)));
     feel->row().addWidget(makeChaosCell(settings.parameter(Which::smooth)));
@@ -119,7 +116,7 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     std::vector<QWidget*> shapes;
     for (int index = 0; index < 4; ++index) {
         shapes.push_back(new ModeToggleButton(settings.parameter(Which::shape), index,
-                                              ToggleButtonStyle::modern, 13, ink, QSizeF(80, 27)));
+                                              ToggleButtonStyle::modern, 13, ink, QSizeF(90, 27)));
     }
     shape->row().addWidget(makeGroup(QStringLiteral("Shape"), shapes, 4), 0,
                            Qt::AlignTop | Qt::AlignLeading);
@@ -127,7 +124,7 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     std::vector<QWidget*> switches;
     for (const auto which : {Which::sync, Which::follow}) {
         switches.push_back(
-            new ToggleButton(settings.parameter(which), std::nullopt, 13, ink, QSizeF(92, 27)));
+            new ToggleButton(settings.parameter(which), std::nullopt, 13, ink, QSizeF(184, 27)));
     }
     clock->row().addWidget(makeGroup(QStringLiteral("Clock"), switches, 2), 0,
                            Qt::AlignTop | Qt::AlignLeading);
@@ -135,4 +132,4 @@ QWidget* makeMotionPage(VocoderSettings& settings) {
     return page;
 }
 
-} // namespace gallery
+} // namespace larkvox

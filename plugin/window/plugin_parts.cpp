@@ -1,13 +1,11 @@
-#include "gallery/fernhorn/plugin_parts.hpp"
+#include "plugin/window/plugin_parts.hpp"
 
-#include "fernhorn/controls/button_face.hpp"
+#include "fernhorn/buttons/button_face.hpp"
 #include "fernhorn/fonts/fern_font.hpp"
-#include "fernhorn/format/default_label_formatter.hpp"
-#include "fernhorn/format/label_name_formatter.hpp"
-#include "gallery/fernhorn/vocoder/frequency_formatter.hpp"
-#include "gallery/fernhorn/vocoder/gain_formatter.hpp"
-#include "platform/ui/accessible_role.hpp"
-#include "platform/ui/padded_item.hpp"
+#include "platform/controls/accessible_role.hpp"
+#include "platform/controls/padded_item.hpp"
+#include "plugin/settings/gain_formatter.hpp"
+#include "plugin/settings/value_formatter.hpp"
 
 #include <QGridLayout>
 #include <QPainter>
@@ -15,9 +13,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
 
-namespace gallery {
+namespace larkvox {
 
 namespace {
 
@@ -30,12 +27,12 @@ QColor white(double opacity) {
 
 // The values of both kinds of dial stand on one line. Points.
 constexpr int chaosDrop = 10;
-constexpr int chaosSpare = 22; // below the value
-constexpr int mediumSpare = 32;
+constexpr int chaosSpare = 16; // below the field that a value is typed into
+constexpr int mediumSpare = 26;
 
 /// The panels write the names, so the dials do not.
-LabelDisplayOptions valueOptions(const char* color, double size, bool showSuffix) {
-    const QColor ink = fernhorn::kitColor(color);
+LabelDisplayOptions valueOptions(double size, bool showSuffix = true) {
+    const QColor ink = fernhorn::kitColor("buttonText");
     return {.valueColor = {ink.redF(), ink.greenF(), ink.blueF(), ink.alphaF()},
             .labelFontSize = 11,
             .valueFontSize = size,
@@ -45,29 +42,9 @@ LabelDisplayOptions valueOptions(const char* color, double size, bool showSuffix
             .labelWidth = size * 5};
 }
 
-using Formatter = std::shared_ptr<const fernhorn::LabelFormatter>;
 using Unit = platform::AudioUnitParameterUnit;
 
-Formatter usualFormatter(const fernhorn::AudioParameter& parameter) {
-    switch (parameter.units()) {
-    case Unit::indexed:
-        return std::make_shared<fernhorn::LabelNameFormatter>(parameter);
-    case Unit::hertz:
-        return std::make_shared<FrequencyFormatter>();
-    case Unit::absoluteCents:
-    case Unit::decibels:
-        return std::make_shared<fernhorn::DefaultLabelFormatter>(parameter, 1);
-    default:
-        return std::make_shared<fernhorn::DefaultLabelFormatter>(parameter, 0);
-    }
-}
-
-/// The formatter of frequencies writes the unit itself.
-bool showsSuffix(const fernhorn::AudioParameter& parameter) {
-    return parameter.units() != Unit::hertz;
-}
-
-QString nameOf(const Parameter& parameter) {
+QString nameOfParameter(const Parameter& parameter) {
     return QString::fromStdString(parameter->name());
 }
 
@@ -101,12 +78,9 @@ Panel::Panel(const QString& heading) : row_(new QHBoxLayout) {
     platform::setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(heading);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 10, 16, 14);
+    column->setContentsMargins(16, 10, 16, 10);
     column->setSpacing(8);
     auto* const title = makePluginLabel(heading.toUpper(), 11, "versionInfo");
-    QFont font = title->font();
-    font.setLetterSpacing(QFont::AbsoluteSpacing, 1);
-    title->setFont(font);
     column->addWidget(title);
     column->addLayout(row_, 1);
     row_->setSpacing(8);
@@ -137,6 +111,11 @@ QLabel* makePluginLabel(const QString& text, double size, const char* color) {
     auto* const label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     fernhorn::fernFont(*label, FernFont::dosisMedium, size);
+    if (text == text.toUpper()) { // capitals need room, or they touch where pixels are few
+        QFont font = label->font();
+        font.setLetterSpacing(QFont::AbsoluteSpacing, 0.8);
+        label->setFont(font);
+    }
     QPalette palette = label->palette();
     QColor ink = fernhorn::kitColor(color);
     palette.setColor(QPalette::WindowText, ink);
@@ -148,30 +127,26 @@ QLabel* makePluginLabel(const QString& text, double size, const char* color) {
 
 QWidget* makeChaosCell(const Parameter& parameter) {
     return makeCell(new fernhorn::ChaosDial(parameter, fernhorn::ModernDialColor::grey,
-                                            valueOptions("buttonText", 14, showsSuffix(*parameter)),
-                                            usualFormatter(*parameter)),
-                    {0, chaosDrop, 0, -chaosSpare}, NamePlace::above, nameOf(parameter));
+                                            valueOptions(14), makeFormatter(*parameter)),
+                    {0, chaosDrop, 0, -chaosSpare}, NamePlace::above, nameOfParameter(parameter));
 }
 
 QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color) {
-    static constexpr std::array inks{"pluginBlue", "pluginYellow", "pluginRed", "pluginPurple"};
-    const char* const ink = inks.at(static_cast<std::size_t>(color));
-    return makeCell(new fernhorn::MediumDial(parameter, color,
-                                             valueOptions(ink, 13, showsSuffix(*parameter)),
-                                             usualFormatter(*parameter)),
-                    {0, 0, 0, -mediumSpare}, NamePlace::above, nameOf(parameter));
+    return makeCell(
+        new fernhorn::MediumDial(parameter, color, valueOptions(13), makeFormatter(*parameter)),
+        {0, 0, 0, -mediumSpare}, NamePlace::above, nameOfParameter(parameter));
 }
 
 QWidget* makeTinyCell(const Parameter& parameter, const QString& name) {
     // There is no room for the unit in the window of the knob.
-    auto options = valueOptions("buttonText", 9, false);
+    auto options = valueOptions(10, false);
     options.labelWidth = 40;
-    Formatter formatter = usualFormatter(*parameter);
+    auto formatter = makeFormatter(*parameter);
     if (parameter->units() == Unit::decibels) {
         formatter = std::make_shared<GainFormatter>();
     }
     return makeCell(new fernhorn::TinyDial(parameter, options, formatter), {}, NamePlace::below,
-                    name.isEmpty() ? nameOf(parameter) : name);
+                    name.isEmpty() ? nameOfParameter(parameter) : name);
 }
 
 QWidget* makeGroup(const QString& name, const std::vector<QWidget*>& buttons, int columns) {
@@ -180,13 +155,15 @@ QWidget* makeGroup(const QString& name, const std::vector<QWidget*>& buttons, in
     group->setAccessibleName(name);
     auto* const grid = new QGridLayout(group);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(4);
+    grid->setSpacing(rowSpacing);
+    grid->setColumnStretch(columns, 1); // what is left over is behind them
     int place = 0;
     for (QWidget* const button : buttons) {
-        grid->addWidget(button, place / columns, place % columns);
+        grid->addWidget(button, place / columns, place % columns, Qt::AlignVCenter);
+        grid->setRowMinimumHeight(place / columns, rowHeight);
         ++place;
     }
     return group;
 }
 
-} // namespace gallery
+} // namespace larkvox

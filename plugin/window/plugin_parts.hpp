@@ -1,8 +1,6 @@
 #pragma once
 
-#include "fernhorn/controls/chaos_dial.hpp"
-#include "fernhorn/controls/medium_dial.hpp"
-#include "fernhorn/controls/tiny_dial.hpp"
+#include "fernhorn/dials/dial.hpp"
 
 #include <QLabel>
 #include <QWidget>
@@ -12,7 +10,7 @@
 
 class QBoxLayout;
 
-namespace gallery {
+namespace larkvox {
 
 class VocoderSettings;
 
@@ -41,7 +39,11 @@ QWidget* makeChaosCell(const Parameter& parameter);
 QWidget* makeMediumCell(const Parameter& parameter, fernhorn::SmallDialColor color);
 QWidget* makeTinyCell(const Parameter& parameter, const QString& name = {});
 
-/// Buttons of one parameter, one group for screen readers, row by row.
+/// Buttons of a panel stand in rows of this height, whatever their own. Points.
+inline constexpr int rowHeight = 36;
+inline constexpr int rowSpacing = 4;
+
+/// Buttons that belong together, one group for screen readers, row by row.
 QWidget* makeGroup(const QString& name, const std::vector<QWidget*>& buttons, int columns);
 
 /// The pages behind the tabs.
@@ -49,4 +51,4 @@ QWidget* makeVoicePage(const std::shared_ptr<VocoderSettings>& settings);
 QWidget* makeCarrierPage(VocoderSettings& settings);
 QWidget* makeMotionPage(VocoderSettings& settings);
 
-} // namespace gallery
+} // namespace larkvox

@@ -1,20 +1,19 @@
-#include "gallery/fernhorn/plugin_window.hpp"
+#include "plugin/window/plugin_window.hpp"
 
-#include "fernhorn/controls/button_face.hpp"
-#include "fernhorn/controls/button_styles.hpp"
+#include "fernhorn/buttons/button_face.hpp"
 #include "fernhorn/header/plugin_header_view.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
-#include "gallery/fernhorn/plugin_parts.hpp"
-#include "platform/ui/button.hpp"
+#include "platform/controls/button.hpp"
+#include "platform/controls/menu.hpp"
+#include "plugin/window/plugin_parts.hpp"
 
-#include <QMenu>
 #include <QPainter>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
 #include <utility>
 
-namespace gallery {
+namespace larkvox {
 
 namespace {
 
@@ -74,17 +73,17 @@ void PluginWindow::showPage(int index) {
 QWidget* PluginWindow::makeMenu() {
     auto* const button = new platform::Button(
         QStringLiteral("Menu"), std::make_shared<fernhorn::SettingsButtonStyle>(FernFont::rocket));
-    auto* const menu = new QMenu(button);
-    menu->addAction(QStringLiteral("Restore all values"), this,
-                    [this] { restoreDefaults(*settings_); });
-    menu->addAction(QStringLiteral("Look for an update"), this, [this] {
-        header_->setUpdateDetails(fernhorn::UpdateAvailableDetails{QStringLiteral("1.2.0")});
-    });
-    QObject::connect(button, &platform::Button::clicked, menu, [button, menu] {
-        const bool isMirrored = button->layoutDirection() == Qt::RightToLeft;
-        const QRect below = button->rect().translated(0, button->height() + 4);
-        menu->popup(button->mapToGlobal(
-            isMirrored ? below.topLeft() : below.topRight() - QPoint(menu->sizeHint().width(), 0)));
+    auto* const menu = new platform::Menu({}, button);
+    connect(&menu->addItem(QStringLiteral("Restore all values")), &QAction::triggered, this,
+            [this] { restoreDefaults(*settings_); });
+    connect(
+        &menu->addItem(QStringLiteral("Look for an update")), &QAction::triggered, this, [this] {
+            header_->setUpdateDetails(fernhorn::UpdateAvailableDetails{QStringLiteral("1.2.0")});
+        });
+    connect(button, &platform::Button::clicked, menu, [button, menu] {
+        menu->popUpBelow(*button, Qt::AlignTrailing, 4,
+                         button->hasFocus() ? platform::MenuOpenedBy::key
+                                            : platform::MenuOpenedBy::pointer);
     });
     return button;
 }
@@ -98,4 +97,4 @@ void PluginWindow::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(0, y + 1, width(), 1, QColor(255, 255, 255, 10));
 }
 
-} // namespace gallery
+} // namespace larkvox

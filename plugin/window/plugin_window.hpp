@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/subscription.hpp"
-#include "fernhorn/header/update_available_details.hpp"
-#include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
+#include "fernhorn/header/plugin_header_view.hpp"
+#include "plugin/settings/vocoder_settings.hpp"
 
 #include <QWidget>
 
@@ -14,7 +14,7 @@ namespace fernhorn {
 class PluginHeaderView;
 }
 
-namespace gallery {
+namespace larkvox {
 
 /// The window of the example plug-in, as a plug-in builder would make it: the header, and below it
 /// the page that its tabs choose. A page is made when it is first shown.
@@ -41,4 +41,4 @@ class PluginWindow final : public QWidget {
     core::Subscription pageObserver_;
 };
 
-} // namespace gallery
+} // namespace larkvox

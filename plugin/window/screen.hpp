@@ -4,16 +4,17 @@
 #include "fernhorn/model/audio_parameter.hpp"
 
 #include <QPainterPath>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
 #include <memory>
 #include <vector>
 
-namespace gallery {
+namespace larkvox {
 
-/// A glowing line on a small screen that is sunk into its panel. It is drawn anew when one of the
-/// parameters changes that it follows.
+/// A glowing line of many strands on a small screen that is sunk into its panel. It is drawn anew
+/// when one of the parameters changes that it follows.
 class Screen : public QWidget {
   public:
     using Parameters = std::vector<std::shared_ptr<fernhorn::AudioParameter>>;
@@ -26,6 +27,10 @@ class Screen : public QWidget {
 
     /// From the left edge to the right one, in points.
     [[nodiscard]] virtual QPainterPath line() const = 0;
+    /// Points of the line that something below the screen has moved; they are lit.
+    [[nodiscard]] virtual std::vector<QPointF> nodes() const { return {}; }
+    /// What stands at the left edge for 1, 0.5 and 0, from the top; nothing: no scale.
+    [[nodiscard]] virtual QStringList scale() const { return {}; }
     /// The height on the screen for 0 (low) to 1 (high).
     [[nodiscard]] double yAt(double position) const;
 
@@ -33,21 +38,26 @@ class Screen : public QWidget {
 
   private:
     void paintGround(QPainter& painter) const;
+    void paintScale(QPainter& painter) const;
 
     int columns_;
     std::vector<core::Subscription> observers_;
 };
 
-/// The gains of bands as a curve: one point in the middle of each of so many equal columns.
+/// The gains of bands, tilted, as a curve: one point in the middle of each of so many equal
+/// columns.
 class BandScreen final : public Screen {
   public:
-    explicit BandScreen(Parameters bands);
+    BandScreen(Parameters bands, std::shared_ptr<fernhorn::AudioParameter> tilt);
 
   protected:
     [[nodiscard]] QPainterPath line() const override;
+    [[nodiscard]] std::vector<QPointF> nodes() const override;
+    [[nodiscard]] QStringList scale() const override;
 
   private:
     Parameters bands_;
+    std::shared_ptr<fernhorn::AudioParameter> tilt_;
 };
 
 /// A wave over some turns, -1…1.
@@ -64,4 +74,4 @@ class WaveScreen final : public Screen {
     std::function<double(double)> wave_;
 };
 
-} // namespace gallery
+} // namespace larkvox

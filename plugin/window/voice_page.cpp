@@ -1,27 +1,22 @@
-#include "fernhorn/controls/button_styles.hpp"
-#include "fernhorn/controls/chaos_button.hpp"
-#include "fernhorn/controls/chaos_toggle_button.hpp"
-#include "fernhorn/controls/chaos_toggle_button_narrow.hpp"
-#include "fernhorn/controls/image_button.hpp"
-#include "fernhorn/controls/left_right_arrow_button.hpp"
-#include "fernhorn/controls/mode_toggle_button.hpp"
-#include "fernhorn/controls/parameter_hold_button.hpp"
-#include "fernhorn/controls/toggle_button.hpp"
+#include "fernhorn/buttons/button_face.hpp"
+#include "fernhorn/buttons/callback_buttons.hpp"
+#include "fernhorn/buttons/parameter_buttons.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
-#include "gallery/fernhorn/plugin_parts.hpp"
-#include "gallery/fernhorn/screen.hpp"
-#include "gallery/fernhorn/vocoder/comparison.hpp"
-#include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
-#include "platform/ui/button.hpp"
+#include "platform/controls/button.hpp"
+#include "plugin/settings/comparison.hpp"
+#include "plugin/settings/vocoder_settings.hpp"
+#include "plugin/window/plugin_parts.hpp"
+#include "plugin/window/screen.hpp"
 
 #include <QGridLayout>
 #include <QVBoxLayout>
 
 #include <array>
 #include <random>
+#include <tuple>
 
-namespace gallery {
+namespace larkvox {
 
 namespace {
 
@@ -46,9 +41,9 @@ QVBoxLayout* makeColumn(QBoxLayout& row) {
 Panel* makeVoicePanel(VocoderSettings& settings) {
     auto* const panel = new Panel(QStringLiteral("Tone"));
     auto& row = panel->row();
-    row.addWidget(makeMediumCell(settings.parameter(Which::cutoff), SmallDialColor::blue));
+    row.addWidget(makeMediumCell(settings.parameter(Which::cutoff), SmallDialColor::purple));
     row.addWidget(makeMediumCell(settings.parameter(Which::drive), SmallDialColor::yellow));
-    row.addWidget(makeMediumCell(settings.parameter(Which::formant), SmallDialColor::red));
+    row.addWidget(makeMediumCell(settings.parameter(Which::formant), SmallDialColor::purple));
     row.addWidget(makeMediumCell(settings.parameter(Which::blend), SmallDialColor::purple));
     return panel;
 }
@@ -65,7 +60,7 @@ Panel* makeEnvelopePanel(VocoderSettings& settings) {
 platform::Button* makeCompareButton(const VocoderSettings& settings) {
     const auto off = std::make_shared<ModernButtonStyle>(false, kitColor("pluginGrey"));
     const auto on = std::make_shared<ModernButtonStyle>(true, kitColor("pluginGrey"));
-    auto* const button = new platform::Button(QStringLiteral("Compare"), off);
+    auto* const button = new platform::Button(QStringLiteral("COMPARE"), off);
     button->setCheckable(true);
     button->setLabelWidth(keySize.width() - 24); // as wide as the key below it
     const auto comparison = std::make_shared<Comparison>(settings.parameters());
@@ -93,7 +88,7 @@ Panel* makeBandsPanel(const std::shared_ptr<VocoderSettings>& settings) {
                         column);
         grid->setColumnStretch(column, 1);
     }
-    grid->addWidget(new BandScreen(bands), 0, 0, 1, bandCount);
+    grid->addWidget(new BandScreen(bands, settings->parameter(Which::tilt)), 0, 0, 1, bandCount);
     panel->row().addLayout(grid, 1);
     const auto level = [settings] {
         for (std::size_t band = 0; band < bandCount; ++band) {
@@ -104,8 +99,12 @@ Panel* makeBandsPanel(const std::shared_ptr<VocoderSettings>& settings) {
     auto* const side = makeColumn(panel->row());
     side->addWidget(makeCompareButton(*settings));
     side->addStretch(1);
-    side->addWidget(
-        new ChaosButton(ChaosButtonColor::yellow, QStringLiteral("Flatten"), level, keySize));
+    auto* const flatten =
+        new platform::Button(QStringLiteral("FLATTEN"),
+                             std::make_shared<ModernButtonStyle>(false, kitColor("pluginGrey")));
+    flatten->setLabelWidth(keySize.width() - 24);
+    QObject::connect(flatten, &platform::Button::clicked, flatten, level);
+    side->addWidget(flatten);
     return panel;
 }
 
@@ -123,13 +122,14 @@ Panel* makeModePanel(VocoderSettings& settings) {
 Panel* makeSourcePanel(VocoderSettings& settings) {
     auto* const panel = new Panel(QStringLiteral("Source"));
     auto* const column = makeColumn(panel->row());
+    column->setSpacing(rowSpacing);
     const auto ink = kitColor("buttonText");
     std::vector<QWidget*> sources;
-    for (int index = 0; index < 3; ++index) {
+    for (int index = 0; index < 4; ++index) {
         sources.push_back(new ModeToggleButton(settings.parameter(Which::source), index,
-                                               ToggleButtonStyle::modern, 13, ink, QSizeF(64, 27)));
+                                               ToggleButtonStyle::modern, 13, ink, QSizeF(60, 27)));
     }
-    column->addWidget(makeGroup(QStringLiteral("Source"), sources, 3));
+    column->addWidget(makeGroup(QStringLiteral("Source"), sources, 4));
     std::vector<QWidget*> tones;
     for (int index = 0; index < 2; ++index) {
         tones.push_back(new ModeToggleButton(settings.parameter(Which::tone), index,
@@ -144,20 +144,16 @@ Panel* makeSourcePanel(VocoderSettings& settings) {
 
 Panel* makeSwitchPanel(VocoderSettings& settings) {
     auto* const panel = new Panel(QStringLiteral("Output"));
-    auto* const column = makeColumn(panel->row());
     const auto ink = kitColor("buttonText");
-    for (const auto which : {Which::sibilance, Which::limiter}) {
-        column->addWidget(
-            new ToggleButton(settings.parameter(which), std::nullopt, 13, ink, QSizeF(92, 27)));
+    std::vector<QWidget*> switches;
+    for (const auto& [wide, narrow, caption] : {std::tuple(Which::sibilance, Which::bypass, "BYP"),
+                                                std::tuple(Which::limiter, Which::solo, "SOLO")}) {
+        switches.push_back(
+            new ToggleButton(settings.parameter(wide), std::nullopt, 13, ink, QSizeF(92, 27)));
+        switches.push_back(new ChaosToggleButtonNarrow(settings.parameter(narrow),
+                                                       QString::fromLatin1(caption), narrowSize));
     }
-    column->addStretch(1);
-    auto* const keys = makeColumn(panel->row());
-    keys->setSpacing(4);
-    keys->addWidget(new ChaosToggleButtonNarrow(settings.parameter(Which::bypass),
-                                                QStringLiteral("Byp"), narrowSize));
-    keys->addWidget(new ChaosToggleButtonNarrow(settings.parameter(Which::solo),
-                                                QStringLiteral("Solo"), narrowSize));
-    keys->addStretch(1);
+    panel->row().addWidget(makeGroup(QStringLiteral("Output"), switches, 2), 0, Qt::AlignTop);
     return panel;
 }
 
@@ -222,4 +218,4 @@ QWidget* makeVoicePage(const std::shared_ptr<VocoderSettings>& settings) {
     return page;
 }
 
-} // namespace gallery
+} // namespace larkvox

@@ -1,0 +1,21 @@
+-- Makes a session with the plug-in on a track: ardour7-lua ardour_session.lua FOLDER NAME URI. The pitch
+-- of its oscillator, which is heard alone, rises for five seconds.
+local folder, name, uri = arg[1], arg[2], arg[3]
+local pitchPort, soloParameter = 21, 13
+AudioEngine:set_backend("None (Dummy)", "ardour", "")
+local session = create_session(folder, name, 48000)
+assert(session, "no session")
+local track = session:new_audio_track(1, 2, nil, 1, "Voice", ARDOUR.PresentationInfo.max_order,
+                                      ARDOUR.TrackMode.Normal, true):front()
+local plugin = ARDOUR.LuaAPI.new_plugin(session, uri, ARDOUR.PluginType.LV2, "")
+assert(not plugin:isnil(), "no plug-in")
+assert(track:add_processor_by_index(plugin, 0, nil, true) == 0, "not on the track")
+local lane = plugin:to_insert():to_automatable():automation_control(
+    Evoral.Parameter(ARDOUR.AutomationType.PluginAutomation, 0, pitchPort), true)
+assert(not lane:isnil(), "no automation")
+lane:alist():add(Temporal.timepos_t(0), -2400, false, true)
+lane:alist():add(Temporal.timepos_t(240000), 2400, false, true)
+lane:set_automation_state(ARDOUR.AutoState.Play)
+ARDOUR.LuaAPI.set_processor_param(plugin, soloParameter, 1)
+session:save_state("", false, false, false, false, false)
+close_session()
