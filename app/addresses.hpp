@@ -1,5 +1,6 @@
 #pragma once
 
+/// The fixed addresses of the product. Constants: any thread.
 namespace larkvox::addresses {
 
 /// The product's appcast on the maker's update server.

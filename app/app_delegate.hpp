@@ -6,7 +6,7 @@ namespace larkvox {
 
 class SparkleHelper;
 
-/// Hears of the application's life: gives it the dark appearance once it has started.
+/// Hears of the application's life: gives it the dark appearance once it has started. Main thread.
 class AppDelegate {
   public:
     /// The helper that `LarkvoxApp` owns; null until it has set it.

@@ -5,9 +5,9 @@
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "driftwood/declarative/button_styles.hpp"
 #include "platform/assets/bundle.hpp"
-#include "platform/ui/image_view.hpp"
-#include "platform/ui/padded_item.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
+#include "platform/controls/image_view.hpp"
+#include "platform/controls/padded_item.hpp"
 
 #include <QFile>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "app/header_view.hpp"
 
 #include "fernhorn/fonts/fern_font.hpp"
-#include "platform/ui/shadowed_label.hpp"
-#include "shaders/content_view_shader.hpp"
+#include "platform/controls/shadowed_label.hpp"
+#include "shaders/metal_shader.hpp"
 
 #include <QColorSpace>
 #include <QColorTransform>

@@ -1,9 +1,11 @@
 #include "app/larkvox_app.hpp"
 
 #include "app/content_view.hpp"
+#include "app/dialog_style.hpp"
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "platform/assets/bundle.hpp"
+#include "platform/controls/menu.hpp"
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/about_panel.hpp"
 #include "platform/ui/window_scene.hpp"
@@ -12,20 +14,22 @@
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QMenu>
+#include <QTimer>
 #include <QTranslator>
 
+#include <chrono>
 #include <utility>
 
 namespace larkvox {
 
-using platform::SPUStandardUpdaterController;
+using updates::SPUStandardUpdaterController;
 
-LarkvoxApp::LarkvoxApp(platform::UpdaterConfiguration updates)
+LarkvoxApp::LarkvoxApp(updates::UpdaterConfiguration updates)
     : appDelegate_(std::make_unique<AppDelegate>()),
       sparkleHelper_(std::make_unique<SparkleHelper>()) {
     sparkleHelper_->updaterController = std::make_unique<SPUStandardUpdaterController>(
-        SPUStandardUpdaterController::Starting::later, sparkleHelper_.get(), std::move(updates));
+        SPUStandardUpdaterController::Starting::later, sparkleHelper_.get(), dialogStyle(),
+        std::move(updates));
     sparkleHelper_->updaterController->startUpdater();
     appDelegate_->sparkleHelper = sparkleHelper_.get();
 }
@@ -42,11 +46,11 @@ std::unique_ptr<platform::WindowScene> LarkvoxApp::makeWindow(const platform::Bu
     platform::GpuHost::install(*window);
     window->setContent(new ContentView(180, bundle));
 
-    auto* const menu = new QMenu(QStringLiteral("Larkvox"));
-    connect(menu->addAction(tr("About")), &QAction::triggered, this,
+    auto* const menu = new platform::Menu(QStringLiteral("Larkvox"));
+    connect(&menu->addItem(tr("About")), &QAction::triggered, this,
             [] { platform::orderFrontStandardAboutPanel(); });
-    menu->addSeparator();
-    connect(menu->addAction(tr("Check for Updates…")), &QAction::triggered, this, [this] {
+    menu->addItem(platform::MenuItem::separator());
+    connect(&menu->addItem(tr("Check for Updates…")), &QAction::triggered, this, [this] {
         if (sparkleHelper_->updaterController != nullptr) {
             sparkleHelper_->updaterController->checkForUpdates();
         }
@@ -82,6 +86,19 @@ void installCatalogues(QApplication& application, const QString& folder,
     }
 }
 
+constexpr std::chrono::milliseconds iconDelay{200};
+
+void setIcon(const platform::Bundle& bundle) {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        if (const auto* const image =
+                bundle.assets().image(QStringLiteral("application-icon-%1").arg(size))) {
+            icon.addPixmap(QPixmap::fromImage(image->image(1)));
+        }
+    }
+    QApplication::setWindowIcon(icon);
+}
+
 } // namespace
 
 void prepareApplication(QApplication& application, const platform::Bundle& bundle,
@@ -96,14 +113,8 @@ void prepareApplication(QApplication& application, const platform::Bundle& bundl
     QCoreApplication::setApplicationVersion(
         bundle.information(QStringLiteral("CFBundleShortVersionString")));
     QGuiApplication::setDesktopFileName(QStringLiteral("larkvox"));
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-        if (const auto* const image =
-                bundle.assets().image(QStringLiteral("application-icon-%1").arg(size))) {
-            icon.addPixmap(QPixmap::fromImage(image->image(1)));
-        }
-    }
-    QApplication::setWindowIcon(icon);
+    // The first frame does not need it.
+    QTimer::singleShot(iconDelay, &application, [&bundle] { setIcon(bundle); });
 }
 
 } // namespace larkvox

@@ -24,7 +24,7 @@ class LarkvoxApp final : public QObject {
 
   public:
     /// Without a configuration the updater remembers nothing, and does nothing by itself.
-    explicit LarkvoxApp(platform::UpdaterConfiguration updates = {});
+    explicit LarkvoxApp(updates::UpdaterConfiguration updates = {});
     ~LarkvoxApp() override;
 
     /// Makes the window, which is not shown yet.
@@ -39,7 +39,8 @@ class LarkvoxApp final : public QObject {
 };
 
 /// What the program needs before its first window: the user's language, the typefaces of its
-/// bundles, its name and icon. `languages` are the user's, the preferred one first ("de-CH", "fr").
+/// bundles, its name, and a moment later its icon, for which `bundle` has to stay. `languages` are
+/// the user's, the preferred one first ("de-CH", "fr").
 void prepareApplication(QApplication& application, const platform::Bundle& bundle,
                         const QStringList& languages = QLocale().uiLanguages());
 

@@ -1,19 +1,20 @@
 #include "app/larkvox_app.hpp"
+#include "app/resource_bundle_class.hpp"
 #include "app/update_identity.hpp"
-#include "platform/assets/bundle.hpp"
+#include "platform/system/process.hpp"
 #include "platform/ui/locale_services.hpp"
 #include "platform/ui/main_queue_driver.hpp"
 #include "platform/ui/window_scene.hpp"
-#include "platform/updates/install/installation.hpp"
-#include "platform/updates/system_surroundings.hpp"
+#include "updates/install/installation.hpp"
+#include "updates/system_surroundings.hpp"
 
 #include <QApplication>
 
 namespace {
 
-platform::UpdaterConfiguration updaterConfiguration() {
-    platform::UpdaterConfiguration configuration =
-        platform::systemSurroundings(QStringLiteral("larkvox"));
+updates::UpdaterConfiguration updaterConfiguration() {
+    updates::UpdaterConfiguration configuration =
+        updates::systemSurroundings(QStringLiteral("larkvox"));
     configuration.identity = larkvox::updateIdentity();
     configuration.version = QApplication::applicationVersion();
     return configuration;
@@ -23,11 +24,11 @@ platform::UpdaterConfiguration updaterConfiguration() {
 
 int main(int argc, char** argv) {
     // No update may remove the files of this version while it runs.
-    const platform::RunningCopy copy("/proc/self/exe");
+    const updates::RunningCopy copy(platform::programFile());
     QApplication application(argc, argv);
     const platform::MainQueueDriver driver;
     platform::installLocaleServices();
-    const platform::Bundle& bundle = platform::Bundle::main();
+    const platform::Bundle& bundle = larkvox::ResourceBundleClass::bundle();
     larkvox::prepareApplication(application, bundle);
     larkvox::LarkvoxApp app(updaterConfiguration());
     app.appDelegate().applicationDidFinishLaunching(&application);

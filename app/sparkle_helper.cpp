@@ -4,7 +4,7 @@
 
 namespace larkvox {
 
-QString SparkleHelper::feedURLString(const platform::SPUStandardUpdaterController&) const {
+QString SparkleHelper::feedURLString(const updates::SPUStandardUpdaterController&) const {
     return updateIdentity().feed.toString();
 }
 

@@ -1,19 +1,19 @@
 #pragma once
 
-#include "platform/updates/standard_updater_controller.hpp"
+#include "updates/standard_updater_controller.hpp"
 
 #include <memory>
 
 namespace larkvox {
 
-/// Owns the update machinery and tells it where the product's feed is.
-class SparkleHelper final : public platform::SPUUpdaterDelegate {
+/// Owns the update machinery and tells it where the product's feed is. Main thread.
+class SparkleHelper final : public updates::SPUUpdaterDelegate {
   public:
     [[nodiscard]] QString
-    feedURLString(const platform::SPUStandardUpdaterController& updater) const override;
+    feedURLString(const updates::SPUStandardUpdaterController& updater) const override;
 
     /// Null until the application has made it.
-    std::unique_ptr<platform::SPUStandardUpdaterController> updaterController;
+    std::unique_ptr<updates::SPUStandardUpdaterController> updaterController;
 };
 
 } // namespace larkvox

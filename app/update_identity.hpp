@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/updates/session/update_identity.hpp"
+#include "updates/session/update_identity.hpp"
 
 namespace larkvox {
 
-/// Whose updates the program takes, and from where. Compiled in.
-[[nodiscard]] platform::UpdateIdentity updateIdentity();
+/// Whose updates the program takes, and from where. Compiled in. Any thread.
+[[nodiscard]] updates::UpdateIdentity updateIdentity();
 
 } // namespace larkvox

@@ -1,14 +1,14 @@
 #include "app/content_view.hpp"
 #include "app/larkvox_app.hpp"
 #include "platform/assets/bundle.hpp"
-#include "platform/ui/button.hpp"
+#include "platform/controls/button.hpp"
+#include "platform/controls/menu.hpp"
 #include "platform/ui/window_scene.hpp"
-#include "shaders/renderer_error.hpp"
+#include "shaders/quad_renderer.hpp"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
-#include <QMenu>
 #include <QMetaEnum>
 #include <QStyle>
 #include <QTemporaryDir>

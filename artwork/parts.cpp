@@ -62,6 +62,22 @@ void sunk(Canvas& canvas, const QPainterPath& shape, double depth, const Tone& t
     material::hollowLight(canvas, shape, canvas.lineWidth(0.7), 0.13);
 }
 
+void lit(Canvas& canvas, const QPainterPath& shape, const QRectF& bar, double share) {
+    // So dark that also grey text is legible on it.
+    const auto purple = color("Kestrel/DarkPurple");
+    material::body(canvas, shape, mixed(purple, Qt::black, 1 - 0.55 * share),
+                   mixed(purple, Qt::black, 1 - 0.7 * share));
+    if (share < 1) {
+        material::hollowShadow(canvas, shape, 3, 0.6);
+    }
+    auto glow = color("Highlight/System");
+    glow.setAlphaF(static_cast<float>(0.6 * share));
+    const auto room = canvas.mask(shape);
+    canvas.paint(canvas.softened(room.inverted(), 1.6) * room, glow);
+    rim(canvas, shape, 1, color("Highlight/System", 0.3 + 0.45 * share));
+    lamp(canvas, bar, shape, 0.5 * share, mixed(light(), Qt::white, 0.45 * share));
+}
+
 void well(Canvas& canvas, const QPainterPath& shape) {
     const auto ground = mixed(color("Background/Darkest"), Qt::black, 0.45);
     material::body(canvas, shape, ground, mixed(ground, color("Background/Darkest"), 0.5));

@@ -24,6 +24,9 @@ struct Tone {
 void raised(Canvas& canvas, const QPainterPath& shape, const Tone& tone, double height = 1.2);
 /// A body pressed into the ground, so dark that grey text stays legible on it.
 void sunk(Canvas& canvas, const QPainterPath& shape, double depth = 2.5, const Tone& tone = dark());
+/// A body that is switched on: lit from within, its rim in the highlight, and a bright lamp.
+/// `share` of the light is left while it is pressed.
+void lit(Canvas& canvas, const QPainterPath& shape, const QRectF& bar, double share = 1);
 /// A hollow to write into, with a bright lower edge.
 void well(Canvas& canvas, const QPainterPath& shape);
 /// A rim of whole pixels just inside the edge.

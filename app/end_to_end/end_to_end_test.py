@@ -9,16 +9,16 @@ import re
 import shutil
 import signal
 import subprocess
-import tarfile
 import tempfile
 import time
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 import pyatspi
 from gi.repository import GLib
 
 START = time.monotonic()
-ARGUMENTS = ["--first", "two words"]
+ARGUMENTS = [b"--first", b"two words", b"-style", b"fusion", b"not \xff UTF-8"]
 
 
 def wait(what, seconds=60, why=""):
@@ -167,31 +167,21 @@ def tree(root):
     return found
 
 
-def repack(archive, target, change):
-    """Another archive, with the text of its manifest changed."""
-    with tempfile.TemporaryDirectory() as folder:
-        with tarfile.open(archive) as packed:
-            packed.extractall(folder)
-        manifest = next(Path(folder).glob("Larkvox/versions/*/manifest.json"))
-        text = manifest.read_text()
-        assert change(text) != text, text
-        manifest.write_text(change(text))
-        subprocess.run(["tar", "--create", "--directory", folder, "--sort=name", "--format=ustar",
-                        "--owner=0", "--group=0", "--numeric-owner", "--mode=go-w",
-                        "--file", target, "Larkvox"], check=True)
-
-
 class Trial:
     def __init__(self, place, options):
         self.options = options
         self.place = place
         self.server = Server(place / "server", options)
-        self.archives = {version: self.package(version) for version in ("1.0.0", "1.1.0")}
+        with ThreadPoolExecutor() as packers:
+            versions = ("1.0.0", "1.1.0")
+            self.archives = dict(zip(versions, packers.map(self.package, versions)))
+        # For what is refused, and looked at again and again, a few files do.
+        self.small = {version: self.repack(version) for version in versions}
         home = place / "home"
         self.root = home / "Applications" / "Larkvox"
         self.root.parent.mkdir(parents=True)
-        with tarfile.open(self.archives["1.0.0"]) as archive:
-            archive.extractall(self.root.parent)
+        subprocess.run(["tar", "--extract", "--directory", self.root.parent, "--file",
+                        self.archives["1.0.0"]], check=True)
         environment = dict(os.environ, HOME=str(home), XDG_CONFIG_HOME=str(home / ".config"),
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
                            LANG="C.UTF-8", LANGUAGE="en", XDG_RUNTIME_DIR=str(place / "runtime"),
@@ -203,14 +193,30 @@ class Trial:
         made = subprocess.run(
             [f"{self.options.sources}/packaging/package", self.options.build,
              str(self.place / "archives"), "--version", version, "--only", "archive", "--program",
-             self.options.program, "--helper", self.options.helper, "--fast"],
+             self.options.program, "--helper", self.options.helper, "--key",
+             Path(f"{self.options.key}.pub").read_text().strip(), "--fast"],
             check=True, capture_output=True, text=True)
         return Path(made.stdout.split()[-1])
 
-    def publish(self, archive, edit=lambda feed: feed):
-        """Puts a feed with this archive on the server."""
+    def repack(self, version, change=lambda text: text):
+        """An archive of the version's programs alone, with the text of its manifest changed."""
+        with tempfile.TemporaryDirectory(dir=self.place) as folder:
+            subprocess.run(["tar", "--extract", "--directory", folder, "--file",
+                            self.archives[version], "--exclude", "*/share/*"], check=True)
+            manifest = next(Path(folder).glob("Larkvox/versions/*/manifest.json"))
+            text = manifest.read_text()
+            manifest.write_text(change(text))
+            target = self.place / f"small-{version}-{abs(hash(change(text)))}.tar"
+            subprocess.run(["tar", "--create", "--directory", folder, "--sort=name",
+                            "--format=ustar", "--owner=0", "--group=0", "--numeric-owner",
+                            "--mode=go-w", "--file", target, "Larkvox"], check=True)
+        return target
+
+    def publish(self, archive, edit=lambda feed: feed, signed=True):
+        """Puts a feed with this archive on the server, and its signature."""
         for old in self.server.files.iterdir():
-            old.unlink()
+            if old.suffix != ".sig":  # from which the next one counts on
+                old.unlink()
         served = self.server.files / archive.name
         shutil.copy(archive, served)
         notes = self.place / "notes.html"
@@ -221,7 +227,9 @@ class Trial:
                        check=True, stdout=subprocess.DEVNULL)
         text = feed.read_text()
         feed.write_text(edit(text))
-        return text
+        if signed:
+            subprocess.run([self.options.appcast, "sign", str(feed), "--key", self.options.key],
+                           check=True, stdout=subprocess.DEVNULL)
 
     def refused(self, what, archive, title, words, edit=lambda feed: feed):
         """An update that must come to nothing."""
@@ -235,15 +243,14 @@ class Trial:
         print(f"{time.monotonic() - START:.0f} s: refused:", what, flush=True)
 
     def refusals(self):
-        genuine = self.archives["1.1.0"]
-        changed = self.place / "changed.tar"
+        genuine = self.small["1.1.0"]
 
         def signature_of_other_bytes(feed):
             with tempfile.TemporaryDirectory() as folder:
-                shutil.copy(self.archives["1.0.0"], folder)
+                shutil.copy(self.small["1.0.0"], folder)
                 other = Path(folder) / "feed.xml"
                 subprocess.run([self.options.appcast, "add",
-                                str(Path(folder) / self.archives["1.0.0"].name), "--feed",
+                                str(Path(folder) / self.small["1.0.0"].name), "--feed",
                                 str(other), "--key", self.options.key, "--url", self.server.url],
                                check=True, stdout=subprocess.DEVNULL)
                 pattern = r'edSignature="([^"]*)"'
@@ -253,12 +260,12 @@ class Trial:
         refusal = "The update was refused"
         self.refused("the signature of other bytes", genuine, refusal, "isn’t signed by the maker",
                      signature_of_other_bytes)
-        self.refused("an older archive behind a newer item", self.archives["1.0.0"], refusal,
+        self.refused("an older archive behind a newer item", self.small["1.0.0"], refusal,
                      "isn’t the version that was announced",
                      lambda feed: feed.replace("1.0.0</sparkle:version>", "1.9.0</sparkle:version>"))
-        repack(genuine, changed, lambda text: text.replace('"Larkvox"', '"Otherwise"'))
+        changed = self.repack("1.1.0", lambda text: text.replace('"Larkvox"', '"Otherwise"'))
         self.refused("another product", changed, refusal, "but another program")
-        repack(genuine, changed, lambda text: re.sub(r'linux-\w+', "linux-other", text))
+        changed = self.repack("1.1.0", lambda text: re.sub(r'linux-\w+', "linux-other", text))
         self.refused("another platform", changed, refusal, "another kind of computer",
                      lambda feed: re.sub(r'sparkle:os="[^"]*"', 'sparkle:os="linux"', feed))
         self.refused("longer than announced", genuine, refusal, "the size that was announced",
@@ -266,6 +273,34 @@ class Trial:
         self.refused("an archive at an address without TLS", genuine,
                      "Larkvox couldn’t get the update", "isn’t encrypted",
                      lambda feed: re.sub(r'url="[^"]*"', f'url="{self.server.url}moved.xml"', feed))
+
+    def lists(self):
+        """Lists of updates that are not believed, and one that was cut off from its folder."""
+        genuine = self.small["1.1.0"]
+        title = "Larkvox couldn’t look for updates"
+
+        def looked(what, words):
+            self.program.check()
+            self.program.close(title, words)
+            print(f"{time.monotonic() - START:.0f} s: not believed:", what, flush=True)
+
+        self.publish(genuine, lambda feed: feed.replace("</title>", "!</title>"), signed=False)
+        looked("a list that was changed on the server", "isn’t signed by the maker")
+        feed, signature = (self.server.files / name for name in ("appcast.xml", "appcast.xml.sig"))
+        self.publish(self.small["1.0.0"])
+        old = feed.read_bytes(), signature.read_bytes()
+        self.publish(self.small["1.0.0"])
+        self.program.check()
+        self.program.close("You’re up to date", "is the newest version")
+        feed.write_bytes(old[0])
+        signature.write_bytes(old[1])
+        looked("an older list than before", "older list of updates")
+        signature.unlink()
+        looked("a list without a signature", "isn’t signed by the maker")
+        # A folder that is moved while it runs updates itself in its new place.
+        moved = self.root.with_name("Moved")
+        self.root.rename(moved)
+        self.root = self.program.root = moved
 
     def update(self):
         self.publish(self.archives["1.1.0"])
@@ -286,7 +321,7 @@ class Trial:
         process, path = running.popitem()
         assert path == self.root / "versions/1.1.0/bin/larkvox", path
         words = Path(f"/proc/{process}/cmdline").read_bytes().split(b"\0")[1:-1]
-        assert [word.decode() for word in words] == ARGUMENTS, words
+        assert words == ARGUMENTS, words
         wait(lambda: self.program.find("1.1.0 (1)"), why="the version on the window")
         assert os.readlink(self.root / "current") == "versions/1.1.0"
         print(f"{time.monotonic() - START:.0f} s: updated to 1.1.0", flush=True)
@@ -297,12 +332,13 @@ class Trial:
 
     def run(self):
         try:
-            self.publish(self.archives["1.0.0"])
+            self.publish(self.small["1.0.0"])
             print(f"{time.monotonic() - START:.0f} s: packaged", flush=True)
             self.program.start()
             self.program.check()
             self.program.close("You’re up to date", "Larkvox 1.0.0 is the newest version.")
             self.refusals()
+            self.lists()
             self.update()
             # Its start is confirmed by now or at its end: the next one is the same.
             self.program.end()

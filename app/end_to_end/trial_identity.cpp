@@ -6,8 +6,8 @@
 
 namespace larkvox {
 
-platform::UpdateIdentity updateIdentity() {
-    platform::UpdateIdentity identity;
+updates::UpdateIdentity updateIdentity() {
+    updates::UpdateIdentity identity;
     identity.product = QStringLiteral("Larkvox");
     identity.feed = QUrl(QString::fromLatin1(trialFeed));
     identity.publicKey = trialKey;

@@ -96,7 +96,7 @@
     </message>
 </context>
 <context>
-    <name>platform::MessageDialog</name>
+    <name>updates::MessageDialog</name>
     <message>
         <source>Check automatically once a day</source>
         <translation>Einmal am Tag selbst suchen</translation>
@@ -115,7 +115,7 @@
     </message>
 </context>
 <context>
-    <name>platform::OfferDialog</name>
+    <name>updates::OfferDialog</name>
     <message>
         <source>%1 %2 is available; you have %3.</source>
         <extracomment>%1 is the name of the program, %2 the new version, %3 the one that runs</extracomment>
@@ -146,6 +146,11 @@
         <translation>Zu dieser Version gibt es keine Beschreibung.</translation>
     </message>
     <message>
+        <source>All release notes are on this page.</source>
+        <extracomment>a link behind the beginning of the release notes</extracomment>
+        <translation>Alle Neuerungen stehen auf dieser Seite.</translation>
+    </message>
+    <message>
         <source>Skip This Version</source>
         <translation>Version überspringen</translation>
     </message>
@@ -159,7 +164,7 @@
     </message>
 </context>
 <context>
-    <name>platform::PermissionDialog</name>
+    <name>updates::PermissionDialog</name>
     <message>
         <source>Check for updates automatically?</source>
         <translation>Automatisch nach Updates suchen?</translation>
@@ -179,7 +184,7 @@
     </message>
 </context>
 <context>
-    <name>platform::ProgressDialog</name>
+    <name>updates::ProgressDialog</name>
     <message>
         <source>Progress</source>
         <translation>Fortschritt</translation>
@@ -241,14 +246,14 @@
     </message>
 </context>
 <context>
-    <name>platform::ReleaseNotesView</name>
+    <name>updates::ReleaseNotesView</name>
     <message>
         <source>Release notes</source>
         <translation>Neuerungen</translation>
     </message>
 </context>
 <context>
-    <name>platform::UpdateDialog</name>
+    <name>updates::UpdateDialog</name>
     <message>
         <source>%1 Update</source>
         <extracomment>the title of a window; %1 is the name of the program</extracomment>
@@ -256,7 +261,7 @@
     </message>
 </context>
 <context>
-    <name>platform::UpdateMessages</name>
+    <name>updates::UpdateMessages</name>
     <message>
         <source>The update was refused</source>
         <translation>Das Update wurde abgelehnt</translation>
@@ -277,6 +282,11 @@
         <source>%1 couldn’t be relaunched</source>
         <extracomment>%1 is the name of the program</extracomment>
         <translation>%1 konnte nicht neu gestartet werden</translation>
+    </message>
+    <message>
+        <source>%1 couldn’t look for updates</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>%1 konnte nicht nach Updates suchen</translation>
     </message>
     <message>
         <source>%1 couldn’t get the update</source>
@@ -312,8 +322,8 @@
         <translation>Die Uhr dieses Computers zeigt den %1, und das scheint falsch zu sein; so ist keine sichere Verbindung möglich. Stelle Datum und Uhrzeit ein und versuche es erneut.</translation>
     </message>
     <message>
-        <source>The server wanted to send the update over a connection that isn’t encrypted. That was refused. Try again later, or get the new version from the website.</source>
-        <translation>Der Server wollte das Update über eine unverschlüsselte Verbindung senden. Das wurde abgelehnt. Versuche es später erneut, oder hole die neue Version von der Website.</translation>
+        <source>The server wanted to answer over a connection that isn’t encrypted. That was refused. Try again later, or get the new version from the website.</source>
+        <translation>Der Server wollte über eine unverschlüsselte Verbindung antworten. Das wurde abgelehnt. Versuche es später erneut, oder hole die neue Version von der Website.</translation>
     </message>
     <message>
         <source>The server sent the request from place to place without an end. Try again later.</source>
@@ -339,6 +349,25 @@
     <message>
         <source>The connection was lost again and again. Try again later; nothing was changed.</source>
         <translation>Die Verbindung brach immer wieder ab. Versuche es später erneut; nichts wurde verändert.</translation>
+    </message>
+    <message>
+        <source>This copy of %1 was built without the maker’s key, so it can’t tell a genuine list of updates from a forged one. Get the new version from the website.</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>Diese Kopie von %1 wurde ohne den Schlüssel des Herstellers gebaut und kann eine echte Liste der Updates nicht von einer gefälschten unterscheiden. Hole die neue Version von der Website.</translation>
+    </message>
+    <message>
+        <source>The list of updates isn’t signed by the maker of %1, or was changed on its way, so it wasn’t read. Try again later, on another network if you can.</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>Die Liste der Updates ist nicht vom Hersteller von %1 signiert oder wurde unterwegs verändert und deshalb nicht gelesen. Versuche es später erneut, wenn möglich in einem anderen Netz.</translation>
+    </message>
+    <message>
+        <source>The server sent an older list of updates than it did before. It wasn’t used. Try again later, on another network if you can.</source>
+        <translation>Der Server hat eine ältere Liste der Updates geschickt als beim letzten Mal. Sie wurde nicht verwendet. Versuche es später erneut, wenn möglich in einem anderen Netz.</translation>
+    </message>
+    <message>
+        <source>The list of updates is out of date: the maker of %1 hasn’t renewed it, or somebody keeps newer ones from you. Check that this computer’s date is right, try another network, or look on the website.</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>Die Liste der Updates ist nicht mehr aktuell: Der Hersteller von %1 hat sie nicht erneuert, oder jemand enthält dir neuere vor. Prüfe, ob das Datum dieses Computers stimmt, versuche es in einem anderen Netz oder sieh auf der Website nach.</translation>
     </message>
     <message>
         <source>The list of updates on the server is far larger than it can be, so it wasn’t read. Try again later.</source>
@@ -475,6 +504,11 @@
         <source>%1 %2 is available. You can’t change the folder of this copy: whoever installed it looks after its updates.</source>
         <extracomment>%1 is the name of the program, %2 the new version</extracomment>
         <translation>%1 %2 ist verfügbar. Du darfst den Ordner dieser Kopie nicht ändern: Um ihre Updates kümmert sich, wer sie installiert hat.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is available. The folder of this copy was moved or removed while it ran: quit it, and start it from where it is now.</source>
+        <extracomment>%1 is the name of the program, %2 the new version</extracomment>
+        <translation>%1 %2 ist verfügbar. Der Ordner dieser Kopie wurde verschoben oder entfernt, während sie lief: Beende sie und starte sie dort, wo sie jetzt ist.</translation>
     </message>
     <message>
         <source>%1 %2 is available. This copy was built from its sources and can’t update itself: whoever built it looks after it.</source>

@@ -96,7 +96,7 @@
     </message>
 </context>
 <context>
-    <name>platform::MessageDialog</name>
+    <name>updates::MessageDialog</name>
     <message>
         <source>Check automatically once a day</source>
         <translation>Vérifier automatiquement une fois par jour</translation>
@@ -115,7 +115,7 @@
     </message>
 </context>
 <context>
-    <name>platform::OfferDialog</name>
+    <name>updates::OfferDialog</name>
     <message>
         <source>%1 %2 is available; you have %3.</source>
         <extracomment>%1 is the name of the program, %2 the new version, %3 the one that runs</extracomment>
@@ -146,6 +146,11 @@
         <translation>Il n’y a pas de notes de version.</translation>
     </message>
     <message>
+        <source>All release notes are on this page.</source>
+        <extracomment>a link behind the beginning of the release notes</extracomment>
+        <translation>Toutes les notes de version sont sur cette page.</translation>
+    </message>
+    <message>
         <source>Skip This Version</source>
         <translation>Ignorer cette version</translation>
     </message>
@@ -159,7 +164,7 @@
     </message>
 </context>
 <context>
-    <name>platform::PermissionDialog</name>
+    <name>updates::PermissionDialog</name>
     <message>
         <source>Check for updates automatically?</source>
         <translation>Rechercher les mises à jour automatiquement&#xa0;?</translation>
@@ -179,7 +184,7 @@
     </message>
 </context>
 <context>
-    <name>platform::ProgressDialog</name>
+    <name>updates::ProgressDialog</name>
     <message>
         <source>Progress</source>
         <translation>Progression</translation>
@@ -241,14 +246,14 @@
     </message>
 </context>
 <context>
-    <name>platform::ReleaseNotesView</name>
+    <name>updates::ReleaseNotesView</name>
     <message>
         <source>Release notes</source>
         <translation>Notes de version</translation>
     </message>
 </context>
 <context>
-    <name>platform::UpdateDialog</name>
+    <name>updates::UpdateDialog</name>
     <message>
         <source>%1 Update</source>
         <extracomment>the title of a window; %1 is the name of the program</extracomment>
@@ -256,7 +261,7 @@
     </message>
 </context>
 <context>
-    <name>platform::UpdateMessages</name>
+    <name>updates::UpdateMessages</name>
     <message>
         <source>The update was refused</source>
         <translation>La mise à jour a été refusée</translation>
@@ -277,6 +282,11 @@
         <source>%1 couldn’t be relaunched</source>
         <extracomment>%1 is the name of the program</extracomment>
         <translation>%1 n’a pas pu être redémarré</translation>
+    </message>
+    <message>
+        <source>%1 couldn’t look for updates</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>%1 n’a pas pu rechercher de mises à jour</translation>
     </message>
     <message>
         <source>%1 couldn’t get the update</source>
@@ -312,8 +322,8 @@
         <translation>L’horloge de cet ordinateur indique le %1, ce qui semble faux&#xa0;; aucune connexion sûre n’est possible ainsi. Réglez la date et l’heure, puis réessayez.</translation>
     </message>
     <message>
-        <source>The server wanted to send the update over a connection that isn’t encrypted. That was refused. Try again later, or get the new version from the website.</source>
-        <translation>Le serveur voulait envoyer la mise à jour par une connexion non chiffrée. Cela a été refusé. Réessayez plus tard, ou téléchargez la nouvelle version sur le site web.</translation>
+        <source>The server wanted to answer over a connection that isn’t encrypted. That was refused. Try again later, or get the new version from the website.</source>
+        <translation>Le serveur voulait répondre par une connexion non chiffrée. Cela a été refusé. Réessayez plus tard, ou téléchargez la nouvelle version sur le site web.</translation>
     </message>
     <message>
         <source>The server sent the request from place to place without an end. Try again later.</source>
@@ -339,6 +349,25 @@
     <message>
         <source>The connection was lost again and again. Try again later; nothing was changed.</source>
         <translation>La connexion s’est interrompue à plusieurs reprises. Réessayez plus tard&#xa0;; rien n’a été modifié.</translation>
+    </message>
+    <message>
+        <source>This copy of %1 was built without the maker’s key, so it can’t tell a genuine list of updates from a forged one. Get the new version from the website.</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>Cette copie de %1 a été compilée sans la clé de l’éditeur : elle ne peut pas distinguer une vraie liste des mises à jour d’une fausse. Téléchargez la nouvelle version depuis le site web.</translation>
+    </message>
+    <message>
+        <source>The list of updates isn’t signed by the maker of %1, or was changed on its way, so it wasn’t read. Try again later, on another network if you can.</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>La liste des mises à jour n’est pas signée par l’éditeur de %1, ou a été modifiée en chemin : elle n’a donc pas été lue. Réessayez plus tard, si possible sur un autre réseau.</translation>
+    </message>
+    <message>
+        <source>The server sent an older list of updates than it did before. It wasn’t used. Try again later, on another network if you can.</source>
+        <translation>Le serveur a envoyé une liste des mises à jour plus ancienne que la dernière fois. Elle n’a pas été utilisée. Réessayez plus tard, si possible sur un autre réseau.</translation>
+    </message>
+    <message>
+        <source>The list of updates is out of date: the maker of %1 hasn’t renewed it, or somebody keeps newer ones from you. Check that this computer’s date is right, try another network, or look on the website.</source>
+        <extracomment>%1 is the name of the program</extracomment>
+        <translation>La liste des mises à jour n’est plus valable : l’éditeur de %1 ne l’a pas renouvelée, ou quelqu’un vous cache les plus récentes. Vérifiez la date de cet ordinateur, essayez un autre réseau ou consultez le site web.</translation>
     </message>
     <message>
         <source>The list of updates on the server is far larger than it can be, so it wasn’t read. Try again later.</source>
@@ -475,6 +504,11 @@
         <source>%1 %2 is available. You can’t change the folder of this copy: whoever installed it looks after its updates.</source>
         <extracomment>%1 is the name of the program, %2 the new version</extracomment>
         <translation>%1 %2 est disponible. Vous ne pouvez pas modifier le dossier de cette copie&#xa0;: la personne qui l’a installée s’occupe de ses mises à jour.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is available. The folder of this copy was moved or removed while it ran: quit it, and start it from where it is now.</source>
+        <extracomment>%1 is the name of the program, %2 the new version</extracomment>
+        <translation>%1 %2 est disponible. Le dossier de cette copie a été déplacé ou supprimé pendant qu’elle s’exécutait : quittez-la, puis lancez-la depuis son nouvel emplacement.</translation>
     </message>
     <message>
         <source>%1 %2 is available. This copy was built from its sources and can’t update itself: whoever built it looks after it.</source>

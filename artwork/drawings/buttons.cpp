@@ -7,7 +7,7 @@ namespace artwork {
 namespace {
 
 constexpr core::Size size{24, 24};
-constexpr core::EdgeInsets caps{8, 10, 8, 10};
+constexpr core::EdgeInsets buttonCaps{8, 10, 8, 10};
 
 /// Leaves a point around the body, and one more below it, for the shadow where it stands.
 QPainterPath body() {
@@ -20,14 +20,6 @@ void drawRest(Canvas& canvas) {
 
 void drawPressed(Canvas& canvas) {
     parts::sunk(canvas, body());
-}
-
-/// Latched: sunk like a pressed one, and lit by a lamp along its lower edge. A rim all around
-/// would say that it has the focus.
-void drawOn(Canvas& canvas, const QPainterPath& shape, const QRectF& lamp) {
-    const auto dark = color("Background/Darkest"); // leaves the lamp's glow room under grey text
-    parts::sunk(canvas, shape, 1.8, {dark, dark});
-    parts::lamp(canvas, lamp, shape, 0.42);
 }
 
 // The back button points to where it leads.
@@ -78,10 +70,10 @@ void drawToolMore(Canvas& canvas) {
 } // namespace
 
 void addButtons(std::vector<Drawing>& drawings) {
-    drawings.push_back(parts::sliced("dwk-button", size, caps, drawRest));
-    drawings.push_back(parts::sliced("dwk-button-down", size, caps, drawPressed));
-    drawings.push_back(parts::sliced("dwk-button-selected", size, caps, [](Canvas& canvas) {
-        drawOn(canvas, body(), {5, 19, size.width - 10, 1.5});
+    drawings.push_back(parts::sliced("dwk-button", size, buttonCaps, drawRest));
+    drawings.push_back(parts::sliced("dwk-button-down", size, buttonCaps, drawPressed));
+    drawings.push_back(parts::sliced("dwk-button-selected", size, buttonCaps, [](Canvas& canvas) {
+        parts::lit(canvas, body(), {5, 19.5, size.width - 10, 1.5});
     }));
 
     constexpr core::EdgeInsets backCaps{12, 20, 10, 12};
@@ -99,7 +91,7 @@ void addButtons(std::vector<Drawing>& drawings) {
                                      [](Canvas& canvas) { parts::sunk(canvas, toolBody(), 3); }));
     drawings.push_back(
         parts::sliced("corner-tool-background-selected", toolSize, toolCaps, [](Canvas& canvas) {
-            drawOn(canvas, toolBody(), {10, 25, toolSize.width - 20, 2});
+            parts::lit(canvas, toolBody(), {10, 25, toolSize.width - 20, 2});
         }));
     drawings.push_back(parts::sliced("corner-tool-more", toolSize, toolCaps, drawToolMore));
 }

@@ -8,7 +8,7 @@ namespace artwork {
 
 namespace {
 
-constexpr core::Size size{16, 16};
+constexpr core::Size boxSize{16, 16};
 
 enum class Mark { none, tick, dash };
 
@@ -87,7 +87,7 @@ void drawEmptyStar(Canvas& canvas) {
 void addCheckBoxes(std::vector<Drawing>& drawings) {
     const auto add = [&](const char* name, void (*draw)(Canvas&, Mark), Mark mark) {
         drawings.push_back(
-            parts::fixed(name, size, [draw, mark](Canvas& canvas) { draw(canvas, mark); }));
+            parts::fixed(name, boxSize, [draw, mark](Canvas& canvas) { draw(canvas, mark); }));
     };
     add("dwk-checkbox", drawBox, Mark::none);
     add("dwk-checkbox-down", drawPressedBox, Mark::none);
@@ -95,8 +95,8 @@ void addCheckBoxes(std::vector<Drawing>& drawings) {
     add("dwk-checkbox-on-down", drawPressedBox, Mark::tick);
     add("dwk-checkbox-mixed", drawBox, Mark::dash);
     add("dwk-checkbox-mixed-down", drawPressedBox, Mark::dash);
-    drawings.push_back(parts::fixed("organiser-icon-star", size, drawStar));
-    drawings.push_back(parts::fixed("organiser-icon-star-empty", size, drawEmptyStar));
+    drawings.push_back(parts::fixed("organiser-icon-star", boxSize, drawStar));
+    drawings.push_back(parts::fixed("organiser-icon-star-empty", boxSize, drawEmptyStar));
 }
 
 } // namespace artwork

@@ -6,7 +6,7 @@ namespace artwork {
 
 namespace {
 
-constexpr core::Size size{24, 24};
+constexpr core::Size cursorSize{24, 24};
 
 /// The pointer; its tip, where it points, is at (3, 4).
 QPainterPath pointer() {
@@ -73,8 +73,8 @@ void drawCycleCursor(Canvas& canvas) {
 } // namespace
 
 void addCursors(std::vector<Drawing>& drawings) {
-    drawings.push_back(parts::fixed("cursor-trackingslider", size, drawTrackingCursor));
-    drawings.push_back(parts::fixed("cursor-cycle", size, drawCycleCursor));
+    drawings.push_back(parts::fixed("cursor-trackingslider", cursorSize, drawTrackingCursor));
+    drawings.push_back(parts::fixed("cursor-cycle", cursorSize, drawCycleCursor));
 }
 
 } // namespace artwork

@@ -9,7 +9,7 @@ namespace {
 // Fields keep 2 points free on every side: the focus ring is drawn around that edge.
 
 constexpr core::Size size{24, 24};
-constexpr core::EdgeInsets caps{8, 10, 8, 10};
+constexpr core::EdgeInsets fieldCaps{8, 10, 8, 10};
 
 QPainterPath body() {
     return material::roundedRect({2, 2, size.width - 4, size.height - 4}, 3);
@@ -90,7 +90,7 @@ void drawCancel(Canvas& canvas, bool pressed) {
 
 void addFields(std::vector<Drawing>& drawings) {
     const auto add = [&](const char* name, void (*draw)(Canvas&)) {
-        drawings.push_back(parts::sliced(name, size, caps, draw));
+        drawings.push_back(parts::sliced(name, size, fieldCaps, draw));
     };
     add("dwk-textfield", drawField);
     add("dwk-textfield-focus", drawFocus);

@@ -162,6 +162,16 @@ void drawPointer(Canvas& canvas, const Knob& knob, double turn) {
     glowingLine(canvas, line, mixed(knob.light, Qt::white, 0.28), knob.pointer, knob.pointer * 1.1);
 }
 
+/// Across the ring at twelve o'clock, so that values on either side of the middle are told apart.
+void drawMiddleMark(Canvas& canvas, const Knob& knob) {
+    const double reach = std::max(1.5, knob.arc * 0.085);
+    QPainterPath mark;
+    mark.moveTo(onCircle(knob, knob.arc - reach, 0));
+    mark.lineTo(onCircle(knob, knob.arc + reach, 0));
+    canvas.stroke(mark, color("Background/Darkest"), 3);
+    canvas.stroke(mark, color("Grey 70%"), 1);
+}
+
 /// What does not turn is the same in all frames of a strip: drawn once for each scale.
 struct StillParts {
     QImage below;
@@ -194,6 +204,9 @@ void drawFrame(Canvas& canvas, const Knob& knob, StillPartsByScale& cache, int f
     if (knob.arc > 0 && frame > 0) {
         glowingLine(canvas, arcPath(knob, knob.arc, -sweep / 2, turn), knob.light, 2, 1.8);
     }
+    if (knob.arc > 0) {
+        drawMiddleMark(canvas, knob);
+    }
     drawRidges(canvas, knob, turn);
     lay(canvas, still.cap);
     drawPointer(canvas, knob, turn);
@@ -217,7 +230,7 @@ void addKnobs(std::vector<Drawing>& drawings) {
     addStrip(drawings, "knobs/chaos-dial-grey_",
              {{56, 64}, {28, 20.5}, 18, 13.8, 2.4, 0.4, 22, 0, 0, color("Grey 100%")});
     addStrip(drawings, "knobs/dial-small-grey-",
-             {{34, 40}, {17, 20}, 13.4, 12.8, 1.8, 0.8, 0, 15.8, 9.2, color("Kestrel/Aqua")});
+             {{34, 40}, {17, 20}, 12.2, 11.7, 1.8, 0.8, 0, 14.3, 8.6, color("Kestrel/Aqua")});
     const Knob medium{{68, 84}, {34, 28.5}, 20, 15.2, 2.5, 0.4, 24, 25.8, 0, {}};
     struct Variant {
         const char* name;

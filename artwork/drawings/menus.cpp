@@ -11,18 +11,18 @@ using parts::Direction;
 // The bodies keep 3 points free above and below and 2 at the sides; titles end 14 points before
 // the right edge.
 
-constexpr core::Size size{32, 24};
-constexpr core::EdgeInsets caps{8, 10, 8, 18};
-constexpr double arrowX = size.width - 9;
+constexpr core::Size popUpSize{32, 24};
+constexpr core::EdgeInsets popUpCaps{8, 10, 8, 18};
+constexpr double arrowX = popUpSize.width - 9;
 
-QPainterPath body(core::Size of, double left = 2, double right = 2) {
+QPainterPath popUpBody(core::Size of, double left = 2, double right = 2) {
     return material::roundedRect({left, 3, of.width - left - right, of.height - 6}, 3);
 }
 
 enum class Look { rest, pressed, tool, toolPressed };
 
 void drawBody(Canvas& canvas, Look look) {
-    const auto shape = body(canvas.size());
+    const auto shape = popUpBody(canvas.size());
     switch (look) {
     case Look::rest:
         return parts::raised(canvas, shape, parts::grey());
@@ -40,7 +40,7 @@ void drawMenuButton(Canvas& canvas, Look look, bool bothWays) {
     drawBody(canvas, look);
     const bool pressed = look == Look::pressed || look == Look::toolPressed;
     const auto ink = color(pressed ? "Grey 50%" : "Grey 70%");
-    const double middle = size.height / 2;
+    const double middle = popUpSize.height / 2;
     if (bothWays) {
         parts::glyph(canvas, parts::chevron({arrowX, middle - 3}, 5, Direction::up), ink, 1.3);
         parts::glyph(canvas, parts::chevron({arrowX, middle + 3}, 5, Direction::down), ink, 1.3);
@@ -57,11 +57,11 @@ constexpr core::Size comboSize{14, 24};
 constexpr core::EdgeInsets comboCaps{8, 6, 8, 6};
 
 void drawComboField(Canvas& canvas) {
-    parts::well(canvas, body(comboSize));
+    parts::well(canvas, popUpBody(comboSize));
 }
 
 void drawComboArrow(Canvas& canvas) {
-    parts::raised(canvas, body(comboSize, 0, 2), parts::grey());
+    parts::raised(canvas, popUpBody(comboSize, 0, 2), parts::grey());
     parts::glyph(canvas, parts::chevron({6, comboSize.height / 2}, 5, Direction::down),
                  color("Grey 85%"), 1.3);
 }
@@ -70,9 +70,10 @@ void drawComboArrow(Canvas& canvas) {
 
 void addMenus(std::vector<Drawing>& drawings) {
     const auto add = [&](const char* name, Look look, bool bothWays) {
-        drawings.push_back(parts::sliced(name, size, caps, [look, bothWays](Canvas& canvas) {
-            drawMenuButton(canvas, look, bothWays);
-        }));
+        drawings.push_back(
+            parts::sliced(name, popUpSize, popUpCaps, [look, bothWays](Canvas& canvas) {
+                drawMenuButton(canvas, look, bothWays);
+            }));
     };
     add("dwk-popup", Look::rest, true);
     add("dwk-popup-down", Look::pressed, true);

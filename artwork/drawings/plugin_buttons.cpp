@@ -21,25 +21,6 @@ QPainterPath modernBody() {
 
 constexpr QRectF modernLamp{7, 20.5, modernSize.width - 14, 1.5};
 
-/// Latched: its face lies level with the panel, in a groove, and its lamp is lit.
-void drawLatched(Canvas& canvas) {
-    const auto shape = modernBody();
-    material::body(canvas, shape, color("Background/Darkest"), color("Background/Darkest"));
-    material::hollowLight(canvas, shape, canvas.lineWidth(0.7), 0.14);
-    const auto face = material::roundedRect({2, 2, modernSize.width - 4, modernSize.height - 5}, 3);
-    const auto tone = parts::quiet();
-    material::body(canvas, face, tone.below, tone.above);
-    material::rimLight(canvas, face, canvas.lineWidth(0.5), 0.1);
-    parts::lamp(canvas, modernLamp, face, 0.4);
-}
-
-/// Pressed from there: deep, and of the lamp only a line is left.
-void drawLatchedPressed(Canvas& canvas) {
-    const auto shape = modernBody();
-    parts::sunk(canvas, shape, 4);
-    parts::lamp(canvas, modernLamp.translated(0, 1), shape, 0.24);
-}
-
 // Retro: a square-cut rocker of warm plastic with grip on both ends.
 
 QPainterPath retroBody() {
@@ -160,10 +141,13 @@ void addPluginButtons(std::vector<Drawing>& drawings) {
     };
     add(parts::sliced("modern-button", modernSize, modernCaps,
                       [](Canvas& canvas) { parts::raised(canvas, modernBody(), parts::grey()); }));
-    add(parts::sliced("modern-button-on", modernSize, modernCaps, drawLatched));
+    add(parts::sliced("modern-button-on", modernSize, modernCaps,
+                      [](Canvas& canvas) { parts::lit(canvas, modernBody(), modernLamp); }));
     add(parts::sliced("modern-button-down", modernSize, modernCaps,
                       [](Canvas& canvas) { parts::sunk(canvas, modernBody(), 3.5); }));
-    add(parts::sliced("modern-button-on-down", modernSize, modernCaps, drawLatchedPressed));
+    add(parts::sliced("modern-button-on-down", modernSize, modernCaps, [](Canvas& canvas) {
+        parts::lit(canvas, modernBody(), modernLamp.translated(0, 0.5), 0.55);
+    }));
     add(parts::sliced("retro-button", modernSize, modernCaps, drawRetro));
     add(parts::sliced("retro-button-down", modernSize, modernCaps, drawRetroPressed));
     add(parts::sliced("settings-button", settingsSize, settingsCaps, [](Canvas& canvas) {
