@@ -1,8 +1,8 @@
 #include "gallery/gallery_window.hpp"
 
 #include "gallery/parts.hpp"
+#include "platform/assets/system_font.hpp"
 #include "platform/gpu/gpu_view.hpp"
-#include "platform/ui/system_font.hpp"
 
 #include <QHBoxLayout>
 #include <QListWidget>

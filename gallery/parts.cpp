@@ -1,7 +1,7 @@
 #include "gallery/parts.hpp"
 
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
 
 #include <QPainter>
 #include <QVBoxLayout>

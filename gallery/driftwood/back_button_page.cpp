@@ -14,7 +14,7 @@ Page backButtonPage() {
                 ControlPage page;
                 page.make = [] {
                     auto* const button = new driftwood::BackButton(QStringLiteral("Library"));
-                    button->setFixedWidth(92);
+                    button->setFixedWidth(80);
                     return button;
                 };
                 page.style = &driftwood::BackButtonCell::style();

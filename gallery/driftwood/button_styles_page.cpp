@@ -2,7 +2,7 @@
 
 #include "driftwood/declarative/button_styles.hpp"
 #include "gallery/parts.hpp"
-#include "platform/ui/button.hpp"
+#include "platform/controls/button.hpp"
 
 #include <QHBoxLayout>
 #include <QPainter>

@@ -3,6 +3,7 @@
 #include "driftwood/controls/styled_check_box.hpp"
 #include "gallery/driftwood/restyle_panel.hpp"
 #include "gallery/parts.hpp"
+#include "platform/controls/padded_item.hpp"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -16,7 +17,9 @@ using platform::CellButton;
 using platform::StateValue;
 
 constexpr int captionWidth = 64;
-constexpr int boardColumnWidth = 102;
+constexpr int boardColumnWidth = 82;
+// Around what stands by its alignment lines: bezels and focus rings go beyond them.
+constexpr int beyondLines = 6;
 
 driftwood::Selectable* selectable(CellButton& button) {
     return dynamic_cast<driftwood::Selectable*>(&button);
@@ -40,23 +43,35 @@ struct Look {
     bool isSelected;
     bool isHighlighted;
     bool isEnabled;
+    bool isFocused;
 };
 
 constexpr Look looks[] = {
-    {"At rest", false, false, true},   {"Pressed", false, true, true},
-    {"Disabled", false, false, false}, {"At rest", true, false, true},
-    {"Pressed", true, true, true},     {"Disabled", true, false, false},
+    {"At rest", false, false, true, false}, {"Pressed", false, true, true, false},
+    {"Focused", false, false, true, true},  {"Disabled", false, false, false, false},
+    {"At rest", true, false, true, false},  {"Pressed", true, true, true, false},
+    {"Focused", true, false, true, true},   {"Disabled", true, false, false, false},
 };
 
+/// Controls stand by their alignment lines, so that the edges that one sees are in one column.
+QLayoutItem* aligned(CellButton& button) {
+    const core::EdgeInsets insets = button.alignmentRectInsets();
+    return new platform::PaddedItem(
+        &button, QMarginsF(-insets.left, -insets.top, -insets.right, -insets.bottom));
+}
+
 /// A control that only shows a state.
-QWidget* makeSpecimen(const ControlPage& page, StateValue state, const Look& look) {
+CellButton* makeSpecimen(const ControlPage& page, StateValue state, const Look& look) {
     CellButton* const button = page.make();
     button->setAttribute(Qt::WA_TransparentForMouseEvents);
     button->setFocusPolicy(Qt::NoFocus);
     button->setShowsState(page.states.size() > 1);
     button->setState(state);
     button->setEnabled(look.isEnabled);
-    button->setHighlighted(look.isHighlighted);
+    if (look.isHighlighted) {
+        page.press(*button);
+    }
+    button->setFocusRingPictured(look.isFocused);
     if (auto* const cell = selectable(*button)) {
         cell->setSelected(look.isSelected);
     }
@@ -66,9 +81,9 @@ QWidget* makeSpecimen(const ControlPage& page, StateValue state, const Look& loo
 QWidget* makeBoard(const ControlPage& page, bool canBeSelected) {
     auto* const board = new QWidget;
     auto* const grid = new QGridLayout(board);
-    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setContentsMargins(beyondLines, beyondLines, beyondLines, beyondLines);
     grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(8);
+    grid->setVerticalSpacing(12);
     grid->setColumnMinimumWidth(0, captionWidth);
     int column = 1;
     for (const Look& look : looks) {
@@ -80,15 +95,17 @@ QWidget* makeBoard(const ControlPage& page, bool canBeSelected) {
                         Qt::AlignLeading);
         int row = 2;
         for (const StateValue state : page.states) {
-            grid->addWidget(makeSpecimen(page, state, look), row++, column,
-                            Qt::AlignLeading | Qt::AlignVCenter);
+            CellButton* const specimen = makeSpecimen(page, state, look);
+            specimen->setParent(board);
+            grid->addItem(aligned(*specimen), row++, column, 1, 1,
+                          Qt::AlignLeading | Qt::AlignVCenter);
         }
         ++column;
     }
     if (canBeSelected) {
-        grid->addWidget(makeLabel(QStringLiteral("Not selected"), 11, "Grey 70%"), 0, 1, 1, 3,
+        grid->addWidget(makeLabel(QStringLiteral("Not selected"), 11, "Grey 70%"), 0, 1, 1, 4,
                         Qt::AlignLeading);
-        grid->addWidget(makeLabel(QStringLiteral("Selected"), 11, "Grey 70%"), 0, 4, 1, 3,
+        grid->addWidget(makeLabel(QStringLiteral("Selected"), 11, "Grey 70%"), 0, 5, 1, 4,
                         Qt::AlignLeading);
     }
     if (page.states.size() > 1) {
@@ -172,19 +189,29 @@ class Switches final : public QWidget, public platform::ActionTarget {
     driftwood::StyledCheckBox* mixed_ = nullptr;
 };
 
+/// In the card's column by what is within the margins.
+void addWithoutMargins(Card& card, QWidget& content) {
+    content.setParent(&card);
+    card.column().addItem(new platform::PaddedItem(
+        &content, QMarginsF(-beyondLines, -beyondLines, -beyondLines, -beyondLines)));
+}
+
 /// The live control, its switches, and what it last sent.
 class Stage final : public QWidget, public platform::ActionTarget {
   public:
     explicit Stage(const ControlPage& page)
         : report_(makeLabel(page.hint, 11, "Grey 60%")), live_(page.make()) {
         auto* const column = new QVBoxLayout(this);
-        column->setContentsMargins(0, 0, 0, 0);
+        column->setContentsMargins(beyondLines, beyondLines, beyondLines, beyondLines);
         column->setSpacing(16);
         live_->setShowsState(page.states.size() > 1);
         switches_ = new Switches(*live_, page.states);
         auto* const row = new QHBoxLayout;
         row->setSpacing(24);
-        row->addWidget(live_);
+        live_->setParent(this);
+        QLayoutItem* const item = aligned(*live_);
+        item->setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
+        row->addItem(item);
         row->addWidget(report_, 1);
         column->addLayout(row);
         column->addWidget(switches_);
@@ -217,13 +244,13 @@ void buildControlPage(QWidget& view, const ControlPage& page) {
     const bool canBeSelected = selectable(*example) != nullptr;
 
     auto* const live = new Card(QStringLiteral("Live"));
-    live->column().addWidget(new Stage(page));
+    addWithoutMargins(*live, *new Stage(page));
     column.addWidget(live);
     const auto addBoard = [&](const char* heading, Qt::LayoutDirection direction) {
         auto* const card = new Card(QString::fromLatin1(heading));
         QWidget* const board = makeBoard(page, canBeSelected);
         board->setLayoutDirection(direction);
-        card->column().addWidget(board);
+        addWithoutMargins(*card, *board);
         column.addWidget(card);
     };
     addBoard("Every state, left to right", Qt::LeftToRight);

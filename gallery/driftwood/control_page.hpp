@@ -1,7 +1,7 @@
 #pragma once
 
 #include "driftwood/style/button_cell_style.hpp"
-#include "platform/ui/cells/cell_button.hpp"
+#include "platform/controls/cell_button.hpp"
 
 #include <functional>
 #include <vector>
@@ -19,6 +19,10 @@ struct ControlPage {
     /// The states that a click or a program can bring it to.
     std::vector<platform::StateValue> states{platform::StateValue::off, platform::StateValue::on,
                                              platform::StateValue::mixed};
+    /// Shows one as it looks while it is pressed.
+    std::function<void(platform::CellButton&)> press = [](platform::CellButton& button) {
+        button.setHighlighted(true);
+    };
     /// What to try with the live one.
     QString hint;
     /// Gives the live one what its class has beside a click; it reports to the label.

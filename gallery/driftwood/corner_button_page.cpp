@@ -2,25 +2,20 @@
 #include "gallery/driftwood/driftwood_pages.hpp"
 
 #include "driftwood/controls/corner_button.hpp"
+#include "platform/controls/menu.hpp"
+
 #include <QLabel>
-#include <QMenu>
 
 namespace gallery {
 namespace {
 
-/// A menu of the toolkit's.
-class SampleMenu final : public driftwood::PopUpMenu {
-  public:
-    void popUp(QWidget& view, QPoint position, std::function<void()> closed) override {
-        auto* const menu = new QMenu(&view);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        for (const char* const name : {"Duplicate", "Rename", "Show in Library"}) {
-            menu->addAction(QString::fromLatin1(name));
-        }
-        QObject::connect(menu, &QMenu::aboutToHide, &view, closed);
-        menu->popup(view.mapToGlobal(position));
+std::unique_ptr<platform::Menu> makeMenu() {
+    auto menu = std::make_unique<platform::Menu>();
+    for (const char* const name : {"Duplicate", "Rename", "Show in Library"}) {
+        menu->addItem(QString::fromLatin1(name));
     }
-};
+    return menu;
+}
 
 } // namespace
 
@@ -33,14 +28,13 @@ Page cornerButtonPage() {
                 ControlPage page;
                 page.make = [] {
                     auto* const button = new driftwood::CornerButton(QStringLiteral("More"));
-                    button->setFixedWidth(72);
+                    button->setFixedWidth(66);
                     return button;
                 };
                 page.style = &driftwood::CornerButtonCell::style();
                 page.hint = QStringLiteral("Press it, or focus it and press the menu key");
                 page.enliven = [](platform::CellButton& button, QLabel&) {
-                    static_cast<driftwood::CornerButton&>(button).setAlternateMenu(
-                        std::make_shared<SampleMenu>());
+                    static_cast<driftwood::CornerButton&>(button).setAlternateMenu(makeMenu());
                 };
                 buildControlPage(view, page);
             }};

@@ -18,6 +18,7 @@ Page cursorButtonPage() {
                 button->setImage(driftwood::resourceBundle().assets().image(
                     QStringLiteral("organiser-icon-disclose")));
                 button->cell().setImageScaling(platform::ImageScaling::none);
+                button->cell().setImageFollowsReading(true);
                 return button;
             };
             page.states = {platform::StateValue::off};

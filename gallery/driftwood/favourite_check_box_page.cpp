@@ -17,6 +17,10 @@ Page favouriteCheckBoxPage() {
                 };
                 page.style = &driftwood::FavouriteCheckBoxCell::style();
                 page.states = {platform::StateValue::off, platform::StateValue::on};
+                page.press = [](platform::CellButton& button) {
+                    button.setHighlighted(true);
+                    button.setAlphaValue(0.5); // for as long as a press lasts
+                };
                 page.hint = QStringLiteral("Press it and hold");
                 buildControlPage(view, page);
             }};

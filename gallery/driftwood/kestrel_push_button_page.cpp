@@ -14,7 +14,7 @@ Page kestrelPushButtonPage() {
                 ControlPage page;
                 page.make = [] {
                     auto* const button = new driftwood::KestrelPushButton(QStringLiteral("Export"));
-                    button->setFixedWidth(96);
+                    button->setFixedWidth(68);
                     return button;
                 };
                 page.style = &driftwood::KestrelPushButtonCell::style();

@@ -2,31 +2,27 @@
 #include "gallery/driftwood/driftwood_pages.hpp"
 
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
-#include "driftwood/controls/pop_up.hpp"
 #include "driftwood/controls/pop_up_cycling_button.hpp"
+#include "platform/controls/pop_up_button.hpp"
 
 #include <QLabel>
 
 namespace gallery {
 namespace {
 
-/// Stands for a pop-up button.
-class Items final : public platform::Control, public driftwood::ItemCycling {
-  public:
-    explicit Items(QLabel& label) : label_(label) {}
-    void selectNextItem(platform::Control&) override { choose(1); }
-    void selectPreviousItem(platform::Control&) override { choose(-1); }
-
-  private:
-    void choose(int step) {
-        constexpr const char* names[] = {"Sine", "Triangle", "Square", "Noise"};
-        chosen_ = (chosen_ + step + 4) % 4;
-        label_.setText(QStringLiteral("Chose %1").arg(QString::fromLatin1(names[chosen_])));
+/// A pop-up button that reports its choice; it is not seen.
+std::shared_ptr<platform::PopUpButton> makePopUp(QLabel& report) {
+    const auto popUp = std::make_shared<platform::PopUpButton>();
+    for (const char* const name : {"Sine", "Triangle", "Square", "Noise"}) {
+        popUp->addItem(QString::fromLatin1(name));
     }
-
-    QLabel& label_;
-    int chosen_ = 0;
-};
+    popUp->setAction(
+        [&report, of = popUp.get()](platform::ActionTarget&, platform::Control&) {
+            report.setText(QStringLiteral("Chose %1").arg(of->title()));
+        },
+        *popUp);
+    return popUp;
+}
 
 } // namespace
 
@@ -49,9 +45,9 @@ Page popUpCyclingButtonPage() {
                 page.states = {platform::StateValue::off};
                 page.hint = QStringLiteral("Click it, or click it with Shift");
                 page.enliven = [](platform::CellButton& button, QLabel& report) {
-                    const auto items = std::make_shared<Items>(report);
-                    button.setAssociatedObject("items", items);
-                    static_cast<driftwood::PopUpCyclingButton&>(button).setPopUpButton(*items);
+                    const auto popUp = makePopUp(report);
+                    button.setAssociatedObject("items", popUp);
+                    static_cast<driftwood::PopUpCyclingButton&>(button).setPopUpButton(*popUp);
                 };
                 buildControlPage(view, page);
             }};

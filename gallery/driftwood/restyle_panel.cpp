@@ -3,7 +3,7 @@
 #include "driftwood/bridges/bundle_asset_source.hpp"
 #include "driftwood/controls/kestrel_push_button.hpp"
 #include "gallery/parts.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -144,7 +144,7 @@ class RestylePanel final : public QWidget, public platform::ActionTarget {
         QHBoxLayout& row = addRow(name);
         for (const Choice& choice : choices) {
             auto* const button = new KestrelPushButton(QString::fromLatin1(choice.name));
-            button->setFixedWidth(84);
+            button->setFixedWidth(76);
             add(row, button, choice.apply);
         }
     }

@@ -14,7 +14,7 @@ Page styledButtonPage() {
                 ControlPage page;
                 page.make = [] {
                     auto* const button = new driftwood::StyledButton(QStringLiteral("Preview"));
-                    button->setFixedWidth(88);
+                    button->setFixedWidth(70);
                     return button;
                 };
                 page.style = &driftwood::StyledButtonCell::style();

@@ -1,18 +1,13 @@
-#include "fernhorn/controls/button_styles.hpp"
-#include "fernhorn/controls/chaos_button.hpp"
-#include "fernhorn/controls/chaos_toggle_button.hpp"
-#include "fernhorn/controls/chaos_toggle_button_narrow.hpp"
-#include "fernhorn/controls/image_button.hpp"
-#include "fernhorn/controls/left_right_arrow_button.hpp"
-#include "fernhorn/controls/mode_toggle_button.hpp"
-#include "fernhorn/controls/parameter_hold_button.hpp"
-#include "fernhorn/controls/toggle_button.hpp"
+#include "fernhorn/buttons/button_face.hpp"
+#include "fernhorn/buttons/callback_buttons.hpp"
+#include "fernhorn/buttons/parameter_buttons.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/header/plugin_header_view.hpp"
 #include "gallery/fernhorn/fernhorn_pages.hpp"
 #include "gallery/parts.hpp"
-#include "platform/ui/accessible_role.hpp"
-#include "platform/ui/focus_ring.hpp"
+#include "platform/controls/accessible_role.hpp"
+#include "platform/controls/focus_ring.hpp"
+#include "platform/controls/line_text.hpp"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -74,7 +69,7 @@ class Specimen final : public QWidget {
   private:
     ButtonFace face_;
     Look look_;
-    platform::TitleText layout_;
+    platform::LineText layout_;
 };
 
 /// A row for each button: the live one, and a specimen in each state.

@@ -1,10 +1,10 @@
 #include "gallery/fernhorn/event_strip.hpp"
 
-#include "fernhorn/controls/button_face.hpp"
+#include "fernhorn/buttons/button_face.hpp"
 #include "fernhorn/fonts/fern_font.hpp"
 #include "fernhorn/model/audio_parameter.hpp"
 #include "gallery/parts.hpp"
-#include "platform/ui/accessible_role.hpp"
+#include "platform/controls/accessible_role.hpp"
 
 #include <QPainter>
 #include <QTimerEvent>
@@ -21,22 +21,6 @@ using Type = platform::AUParameterAutomationEventType;
 
 constexpr int stripWidth = 232;
 constexpr int footer = 24;
-
-/// What a host shows for a value.
-QString hostText(const platform::AUParameterTree& tree,
-                 const platform::AUParameterAutomationEvent& event) {
-    const auto parameter = tree.parameterWithAddress(event.address);
-    if (parameter == nullptr) {
-        return {};
-    }
-    const auto unit = fernhorn::unitSuffix(parameter->unit());
-    auto text = QString::fromStdString(parameter->string(&event.value));
-    if (!unit.empty()) {
-        text += QStringLiteral(" ") +
-                QString::fromUtf8(unit.data(), static_cast<qsizetype>(unit.size()));
-    }
-    return text;
-}
 
 /// A touch is a lit disc, a release an empty ring, values a small bar.
 void paintSign(QPainter& painter, QPointF center, Type type) {
@@ -62,9 +46,10 @@ void paintSign(QPainter& painter, QPointF center, Type type) {
 
 } // namespace
 
-EventStrip::EventStrip(std::unique_ptr<EventLog> log, int rows)
+EventStrip::EventStrip(std::unique_ptr<EventLog> log, int rows, TextOf textOf)
     : log_(std::move(log)),
       rows_(rows),
+      textOf_(std::move(textOf)),
       font_(fernhorn::CustomFontModifier{FernFont::dosisMedium, 13}.resolved()),
       smallFont_(fernhorn::CustomFontModifier{FernFont::dosisMedium, 11}.resolved()) {
     platform::setAccessibleRole(*this, QAccessible::Pane);
@@ -115,7 +100,7 @@ void EventStrip::paintLine(QPainter& painter, const QRectF& row, const EventLog:
     }
     painter.setFont(font_);
     painter.setPen(fernhorn::kitColor("tabUnselected"));
-    painter.drawText(text, Qt::AlignVCenter | Qt::AlignRight, hostText(log_->tree(), line.event));
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignRight, textOf_(line.event));
 }
 
 void EventStrip::paintEvent(QPaintEvent* /*event*/) {

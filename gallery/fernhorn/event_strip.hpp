@@ -1,11 +1,12 @@
 #pragma once
 
-#include "gallery/fernhorn/vocoder/event_log.hpp"
+#include "gallery/fernhorn/host/event_log.hpp"
 
 #include <QBasicTimer>
 #include <QFont>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 namespace gallery {
@@ -15,8 +16,11 @@ class EventStrip final : public QWidget {
   public:
     static constexpr int rowHeight = 20; // points
 
+    /// How a host writes the value of an event.
+    using TextOf = std::function<QString(const platform::AUParameterAutomationEvent&)>;
+
     /// Shows so many of the newest lines. `log` must not be null.
-    EventStrip(std::unique_ptr<EventLog> log, int rows);
+    EventStrip(std::unique_ptr<EventLog> log, int rows, TextOf textOf);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -36,6 +40,7 @@ class EventStrip final : public QWidget {
 
     std::unique_ptr<EventLog> log_;
     int rows_;
+    TextOf textOf_;
     QFont font_;
     QFont smallFont_;
     QBasicTimer look_;

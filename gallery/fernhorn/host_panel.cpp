@@ -1,11 +1,14 @@
 #include "gallery/fernhorn/host_panel.hpp"
 
 #include "driftwood/controls/styled_check_box.hpp"
+#include "fernhorn/dials/value_label.hpp"
 #include "gallery/parts.hpp"
+#include "plugin/settings/value_formatter.hpp"
 
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace gallery {
@@ -17,11 +20,12 @@ constexpr std::size_t keptLines = 64;
 
 } // namespace
 
-HostPanel::HostPanel(std::shared_ptr<VocoderSettings> settings)
+HostPanel::HostPanel(std::shared_ptr<larkvox::VocoderSettings> settings)
     : settings_(std::move(settings)),
       player_(settings_->unit().parameterTree()),
       events_(new EventStrip(
-          std::make_unique<EventLog>(settings_->unit().parameterTree(), keptLines), rows)) {
+          std::make_unique<EventLog>(settings_->unit().parameterTree(), keptLines), rows,
+          [this](const platform::AUParameterAutomationEvent& event) { return textOf(event); })) {
     setFixedWidth(panelWidth);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(16, 12, 16, 14);
@@ -40,6 +44,15 @@ HostPanel::HostPanel(std::shared_ptr<VocoderSettings> settings)
     column->addWidget(play);
     column->addSpacing(4);
     column->addWidget(events_, 1);
+}
+
+QString HostPanel::textOf(const platform::AUParameterAutomationEvent& event) const {
+    const auto& all = settings_->parameters();
+    const auto found = std::ranges::find(all, event.address, &fernhorn::AudioParameter::address);
+    if (found == all.end()) {
+        return {};
+    }
+    return fernhorn::textWithUnit(**found, *larkvox::makeFormatter(**found), event.value);
 }
 
 HostPanel::~HostPanel() {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "gallery/fernhorn/event_strip.hpp"
-#include "gallery/fernhorn/vocoder/automation_player.hpp"
-#include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
-#include "platform/ui/cells/control.hpp"
+#include "gallery/fernhorn/host/automation_player.hpp"
+#include "platform/controls/control.hpp"
+#include "plugin/settings/vocoder_settings.hpp"
 
 #include <QWidget>
 
@@ -15,7 +15,7 @@ class HostPanel final : public QWidget, public platform::ActionTarget {
   public:
     static constexpr int panelWidth = 264; // points
 
-    explicit HostPanel(std::shared_ptr<VocoderSettings> settings);
+    explicit HostPanel(std::shared_ptr<larkvox::VocoderSettings> settings);
     ~HostPanel() override;
 
     [[nodiscard]] EventStrip& events() const { return *events_; }
@@ -25,7 +25,10 @@ class HostPanel final : public QWidget, public platform::ActionTarget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    const std::shared_ptr<VocoderSettings> settings_; ///< outlives the host's thread
+    /// As the plug-in's own window writes it.
+    [[nodiscard]] QString textOf(const platform::AUParameterAutomationEvent& event) const;
+
+    const std::shared_ptr<larkvox::VocoderSettings> settings_; ///< outlives the host's thread
     AutomationPlayer player_;
     EventStrip* events_;
 };

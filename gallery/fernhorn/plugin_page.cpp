@@ -1,11 +1,11 @@
-#include "fernhorn/controls/press_button.hpp"
-#include "fernhorn/header/header_tabs.hpp"
+#include "fernhorn/buttons/press_button.hpp"
+#include "fernhorn/header/header_parts.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
 #include "gallery/fernhorn/fernhorn_pages.hpp"
 #include "gallery/fernhorn/host_panel.hpp"
-#include "gallery/fernhorn/plugin_window.hpp"
 #include "gallery/parts.hpp"
-#include "platform/ui/button.hpp"
+#include "platform/controls/button.hpp"
+#include "plugin/window/plugin_window.hpp"
 
 #include <QHBoxLayout>
 #include <QMouseEvent>
@@ -17,7 +17,9 @@ namespace gallery {
 
 namespace {
 
-using Which = VocoderParameter;
+using larkvox::PluginWindow;
+using larkvox::VocoderSettings;
+using Which = larkvox::VocoderParameter;
 
 constexpr int gap = 16;
 constexpr int pageMargins = 64;
@@ -30,9 +32,40 @@ struct Demonstration {
     HostPanel* host;
 };
 
+/// The host has set a sound before the window opened, so that there is something to see.
+void setSound(const VocoderSettings& settings) {
+    const auto set = [&settings](Which which, float value) {
+        settings.parameter(which)->auParameter()->setValue(value);
+    };
+    for (const auto& [which, value] : {std::pair{Which::formant, 300.0F},
+                                       {Which::cutoff, 1200.0F},
+                                       {Which::drive, 4.0F},
+                                       {Which::blend, 64.0F},
+                                       {Which::attack, 8.0F},
+                                       {Which::release, 240.0F},
+                                       {Which::tilt, 1.5F},
+                                       {Which::source, 1.0F},
+                                       {Which::unison, 3.0F},
+                                       {Which::width, 72.0F},
+                                       {Which::velocity, 40.0F},
+                                       {Which::drift, 15.0F},
+                                       {Which::depth, 35.0F},
+                                       {Which::smooth, 80.0F},
+                                       {Which::sync, 1.0F}}) {
+        set(which, value);
+    }
+    // Two formants of a voice.
+    constexpr std::array<float, larkvox::bandCount> shape{-3, 0, 4, 6, 2, -2, -1, 3, 5, 1, -3, -6};
+    for (std::size_t band = 0; band < shape.size(); ++band) {
+        settings.band(band)->auParameter()->setValue(shape.at(band));
+    }
+    core::MainQueue::shared().drain();
+}
+
 Demonstration addDemonstration(QWidget& view,
                                std::optional<fernhorn::UpdateAvailableDetails> update = {}) {
     auto settings = VocoderSettings::make(core::MainQueue::shared());
+    setSound(*settings);
     auto* const window = new PluginWindow(settings, std::move(update));
     auto* const host = new HostPanel(settings);
     auto* const row = new QHBoxLayout;

@@ -3,8 +3,7 @@
 #include "gallery/shaders/visual_stage.hpp"
 
 #include "driftwood/controls/styled_button.hpp"
-#include "shaders/about_sample_view.hpp"
-#include "shaders/about_shader_view_controller.hpp"
+#include "shaders/about_visual.hpp"
 
 #include <QBoxLayout>
 

@@ -5,7 +5,7 @@
 #include "gallery/shaders/wide_gamut_picture.hpp"
 
 #include "driftwood/controls/styled_button.hpp"
-#include "platform/ui/shader_effect.hpp"
+#include "platform/gpu/shader_effect.hpp"
 #include "shaders/kestrel_shaders_helper.hpp"
 
 #include <QBoxLayout>

@@ -3,7 +3,7 @@
 #include "driftwood/controls/kestrel_push_button.hpp"
 #include "driftwood/controls/styled_check_box.hpp"
 #include "gallery/parts.hpp"
-#include "platform/ui/system_font.hpp"
+#include "platform/assets/system_font.hpp"
 
 #include <QHBoxLayout>
 #include <QLineEdit>

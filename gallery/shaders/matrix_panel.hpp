@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/controls/control.hpp"
 #include "platform/gpu/shader.hpp"
-#include "platform/ui/cells/control.hpp"
 
 #include <QWidget>
 

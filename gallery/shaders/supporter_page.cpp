@@ -3,7 +3,7 @@
 #include "gallery/shaders/visual_stage.hpp"
 
 #include "driftwood/controls/styled_button.hpp"
-#include "shaders/supporter_shader_view_controller.hpp"
+#include "shaders/supporter_visual.hpp"
 
 #include <QBoxLayout>
 

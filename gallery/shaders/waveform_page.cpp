@@ -2,7 +2,7 @@
 #include "gallery/shaders/shader_pages.hpp"
 #include "gallery/shaders/visual_stage.hpp"
 
-#include "shaders/content_view_shader.hpp"
+#include "shaders/metal_shader.hpp"
 
 #include <QBoxLayout>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/gpu/gpu_view.hpp"
-#include "shaders/metal_shader_renderer.hpp"
+#include "shaders/metal_shader.hpp"
 
 #include <memory>
 

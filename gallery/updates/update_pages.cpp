@@ -1,8 +1,9 @@
 #include "gallery/updates/update_pages.hpp"
 
+#include "app/dialog_style.hpp"
 #include "gallery/parts.hpp"
-#include "platform/updates/dialogs/update_dialog.hpp"
-#include "platform/updates/session/safe_html.hpp"
+#include "updates/dialogs/update_dialog.hpp"
+#include "updates/session/safe_html.hpp"
 
 #include <QBoxLayout>
 #include <QDate>
@@ -12,7 +13,9 @@
 namespace gallery {
 namespace {
 
-using namespace platform;
+using namespace updates;
+
+constexpr int untilIcon = 400; // ms: the program's icon comes a moment after the start
 
 struct Sample {
     QString caption;
@@ -21,9 +24,10 @@ struct Sample {
 
 DialogContext context() {
     const auto nothing = [] {};
-    return {.product = QStringLiteral("Larkvox"),
+    return {.style = larkvox::dialogStyle(),
+            .product = QStringLiteral("Larkvox"),
             .website = QUrl(QStringLiteral("https://www.fennick.example/")),
-            .workspace = &Workspace::shared(),
+            .workspace = &platform::Workspace::shared(),
             .checksByItself = true,
             .checkAgain = nothing,
             .skip = nothing,
@@ -60,18 +64,23 @@ class Stage final : public QWidget {
 
 Page page(const char* identifier, const char* title, const char* summary,
           std::vector<Sample> samples) {
-    return {QString::fromLatin1(identifier), QStringLiteral("Updates"), QString::fromUtf8(title),
-            QString::fromUtf8(summary), [samples = std::move(samples)](QWidget& view) {
+    return {QString::fromLatin1(identifier),
+            QStringLiteral("Updates"),
+            QString::fromUtf8(title),
+            QString::fromUtf8(summary),
+            [samples = std::move(samples)](QWidget& view) {
                 for (const Sample& sample : samples) {
                     view.layout()->addWidget(
                         makeLabel(sample.caption, 12, "Grey 60%", QFont::Medium));
                     view.layout()->addWidget(new Stage(makeUpdateDialog(sample.scene, context())));
                 }
-            }};
+            },
+            Page().width,
+            untilIcon};
 }
 
 UpdateScene failed(UpdateProblem problem, const QString& detail = {}) {
-    return scene::Failed{{problem, detail}};
+    return scene::Failed{{problem, detail}, scene::Failed::While::looking};
 }
 
 NothingSuitable unsuitable(NothingSuitable::Why why) {
@@ -95,7 +104,7 @@ constexpr const char* notes =
 } // namespace
 
 void addUpdatePages(std::vector<Page>& pages) {
-    const QString offered = QString::fromStdString(safeHtml(notes));
+    const QString offered = QString::fromStdString(safeHtml(notes).html);
     pages.push_back(page("update-permission", "Permission", "Asked once, on the second start.",
                          {{QStringLiteral("The question"), scene::Permission{}}}));
     pages.push_back(page(
@@ -142,9 +151,9 @@ void addUpdatePages(std::vector<Page>& pages) {
               {QStringLiteral("Certificate"), failed(UpdateProblem::certificateUntrusted,
                                                      QStringLiteral("updates.fennick.example"))},
               {QStringLiteral("Sign-in page"), failed(UpdateProblem::signInFirst)},
-              {QStringLiteral("Signature"), failed(UpdateProblem::signatureWrong)},
-              {QStringLiteral("Disk"), failed(UpdateProblem::noSpace)},
-              {QStringLiteral("Another window"), failed(UpdateProblem::busy)}}));
+              {QStringLiteral("Signature"), scene::Failed{{UpdateProblem::signatureWrong, {}}}},
+              {QStringLiteral("Disk"), scene::Failed{{UpdateProblem::noSpace, {}}}},
+              {QStringLiteral("Another window"), scene::Failed{{UpdateProblem::busy, {}}}}}));
 }
 
 } // namespace gallery

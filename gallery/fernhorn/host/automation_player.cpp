@@ -1,6 +1,6 @@
-#include "gallery/fernhorn/vocoder/automation_player.hpp"
+#include "gallery/fernhorn/host/automation_player.hpp"
 
-#include "gallery/fernhorn/vocoder/vocoder_settings.hpp"
+#include "plugin/settings/vocoder_settings.hpp"
 
 #include <array>
 #include <chrono>
@@ -12,6 +12,9 @@
 namespace gallery {
 
 namespace {
+
+using larkvox::addressOf;
+using larkvox::VocoderParameter;
 
 /// A parameter that swings between two values.
 struct Lane {

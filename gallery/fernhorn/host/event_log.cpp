@@ -1,4 +1,4 @@
-#include "gallery/fernhorn/vocoder/event_log.hpp"
+#include "gallery/fernhorn/host/event_log.hpp"
 
 #include <algorithm>
 #include <utility>
