@@ -1,6 +1,7 @@
 # Resource bundles: folders of images, colours, fonts and shaders that programs find beside
 # themselves or in the data folder. Each bundle is one target, bundle_<name>, that stands for the
-# complete folder; programs and tests that open a bundle depend on it.
+# complete folder. A library that opens one says so with larkvox_needs_bundle; then programs with the
+# library in them are complete only with the bundle, but nothing waits for it to be compiled.
 
 # larkvox_add_bundle(NAME bundle [OUTPUT_DIR dir] [INSTALL_DIR dir] [BAKED])
 # Declares a bundle. Without OUTPUT_DIR it stands beside the programs as <name>.bundle, without
@@ -22,7 +23,7 @@ function(larkvox_add_bundle)
   set(target "bundle_${ARG_NAME}")
   add_custom_target(${target} ALL)
   set_target_properties(${target} PROPERTIES LARKVOX_BUNDLE_DIR "${ARG_OUTPUT_DIR}"
-                                             LARKVOX_BUNDLE_PARTS 0)
+                                             LARKVOX_BUNDLE_PARTS 0 LARKVOX_BUNDLE_FILES "")
   set(manifest "${ARG_OUTPUT_DIR}/Assets.json")
   if(ARG_BAKED)
     # The baker leaves unchanged files alone, so their dates say nothing: the stamp's date does.
@@ -36,6 +37,7 @@ function(larkvox_add_bundle)
       DEPENDS artwork_baker ${LARKVOX_ARTWORK_FONT_FILES}
       COMMENT "Baking the images of ${ARG_NAME}" VERBATIM)
     add_custom_target(${target}_images DEPENDS "${stamp}")
+    set_property(TARGET ${target} APPEND PROPERTY LARKVOX_BUNDLE_FILES "${stamp}")
     add_dependencies(${target} ${target}_images)
   else()
     file(CONFIGURE OUTPUT "${manifest}"
@@ -73,7 +75,14 @@ function(larkvox_bundle_files)
     list(APPEND copies "${folder}/${base}")
   endforeach()
   add_custom_target(${target}_files_${part} DEPENDS ${copies})
+  set_property(TARGET ${target} APPEND PROPERTY LARKVOX_BUNDLE_FILES ${copies})
   add_dependencies(${target} ${target}_files_${part})
   math(EXPR part "${part} + 1")
   set_target_properties(${target} PROPERTIES LARKVOX_BUNDLE_PARTS ${part})
+endfunction()
+
+# larkvox_needs_bundle(LIBRARY bundle)
+function(larkvox_needs_bundle library bundle)
+  set_property(TARGET ${library} APPEND PROPERTY INTERFACE_LINK_DEPENDS
+    "$<BUILD_INTERFACE:$<TARGET_PROPERTY:bundle_${bundle},LARKVOX_BUNDLE_FILES>>")
 endfunction()

@@ -2,8 +2,11 @@
 set(LARKVOX_UPDATE_PUBLIC_KEY "" CACHE STRING
     "Ed25519 public key of the maker, base64; a build without one cannot update itself")
 set(LARKVOX_IDENTIFIER "example.fennick.larkvox")
+# What the product is called, by people and in the names of files; the library knows neither.
+set(LARKVOX_PRODUCT_DEFINITIONS PRODUCT="${PROJECT_NAME}" PRODUCT_NAME="larkvox"
+                                PRODUCT_IDENTIFIER="${LARKVOX_IDENTIFIER}")
 string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" LARKVOX_PLATFORM)
-# The key of the tests; its secret half is in platform/updates/testing/test_key.cpp.
+# The key of the tests; its secret half is in updates/testing/test_key.cpp.
 set(LARKVOX_TEST_PUBLIC_KEY "lv2GMruoLYyTz+c6kBf7KBELM9m09z9aun96YSwiexg=")
 
 # larkvox_add_install_helper(NAME target [KEY base64 | KEY_FILE file])
@@ -24,9 +27,8 @@ function(larkvox_add_install_helper)
   else()
     execute_process(COMMAND ${write} COMMAND_ERROR_IS_FATAL ANY)
   endif()
-  add_executable(${ARG_NAME} "${PROJECT_SOURCE_DIR}/platform/updates/install/helper_main.cpp"
+  add_executable(${ARG_NAME} "${PROJECT_SOURCE_DIR}/updates/install/helper_main.cpp"
                              "${source}")
-  target_compile_definitions(${ARG_NAME} PRIVATE LARKVOX_PRODUCT="${PROJECT_NAME}"
-                                                 LARKVOX_IDENTIFIER="${LARKVOX_IDENTIFIER}")
-  target_link_libraries(${ARG_NAME} PRIVATE platform_update_install)
+  target_compile_definitions(${ARG_NAME} PRIVATE ${LARKVOX_PRODUCT_DEFINITIONS})
+  target_link_libraries(${ARG_NAME} PRIVATE updates_install)
 endfunction()

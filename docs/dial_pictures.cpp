@@ -1,10 +1,8 @@
 // dial_pictures FOLDER: writes the pictures of the dials in plugin_controls.md. They are made by
 //   QT_SCALE_FACTOR=2 QT_QPA_PLATFORM=offscreen build/dev/bin/dial_pictures docs/images
 
-#include "fernhorn/controls/chaos_dial.hpp"
-#include "fernhorn/controls/dial_label.hpp"
-#include "fernhorn/controls/medium_dial.hpp"
-#include "fernhorn/controls/tiny_dial.hpp"
+#include "fernhorn/dials/dial.hpp"
+#include "fernhorn/dials/value_label.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/format/default_label_formatter.hpp"
 #include "platform/ui/appearance.hpp"
@@ -102,7 +100,7 @@ bool writeTinyDial(const QString& folder) {
     Picture picture;
     for (const float value : {0.0F, 50.0F, 75.0F, 100.0F}) {
         const auto parameter = makeParameter("Band", Unit::percent, value);
-        picture.add(new TinyDial(parameter, look(9, false),
+        picture.add(new TinyDial(parameter, look(10, false),
                                  std::make_shared<DefaultLabelFormatter>(*parameter, 0)));
     }
     return picture.write(folder, "tiny_dial");

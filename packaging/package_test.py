@@ -39,7 +39,14 @@ class PackageTest(unittest.TestCase):
         self.place = Path(place.name)
 
     def test_archive_is_one_that_copies_install(self):
-        archive = package(self.place / "one", "--only", "archive", "--version", "1.1.0")
+        key = self.place / "key"
+        run(APPCAST, "keygen", key)
+        public = Path(f"{key}.pub").read_text().strip()
+        # Helpers hold the key among their constants.
+        helper = self.place / "helper"
+        helper.write_text(f"#!/bin/sh\n# {public}\n")
+        archive = package(self.place / "one", "--only", "archive", "--version", "1.1.0",
+                          "--key", public, "--helper", helper)
         self.assertRegex(archive.name, r"^larkvox-1\.1\.0-linux-\w+\.tar\.xz$")
         with tarfile.open(archive) as tar:
             members = tar.getmembers()
@@ -47,6 +54,7 @@ class PackageTest(unittest.TestCase):
             manifest = json.load(tar.extractfile(tree + "manifest.json"))
             information = json.load(tar.extractfile(tree + "share/larkvox/Info.json"))
         self.assertEqual(manifest["version"], "1.1.0")
+        self.assertEqual(manifest["publicKey"], public)
         self.assertEqual(manifest["identifier"], information["CFBundleIdentifier"])
         self.assertEqual(information["CFBundleShortVersionString"], "1.1.0")
         self.assertEqual({member.name for member in members if "/" in member.name
@@ -58,16 +66,22 @@ class PackageTest(unittest.TestCase):
                                     tree + "libexec/larkvox-install"})
         self.assertEqual(len({(member.mtime, member.uid, member.gid) for member in members}), 1)
 
-        again = package(self.place / "two", "--only", "archive", "--version", "1.1.0")
+        again = package(self.place / "two", "--only", "archive", "--version", "1.1.0",
+                        "--key", public, "--helper", helper)
         self.assertEqual(hashlib.sha256(archive.read_bytes()).digest(),
                          hashlib.sha256(again.read_bytes()).digest())
 
         # The publisher's tool reads it by the rules of the copies that will install it.
-        key, feed = self.place / "key", archive.parent / "appcast.xml"
-        run(APPCAST, "keygen", key)
+        feed = archive.parent / "appcast.xml"
         run(APPCAST, "add", archive, "--feed", feed, "--key", key,
             "--url", "https://updates.example/")
         run(APPCAST, "verify", feed, "--public-key", str(key) + ".pub")
+
+        # One that could never be updated again is not made.
+        for words in (["--key", ""], ["--key", "no key"], ["--key", "A" + public[1:]]):
+            with self.assertRaisesRegex(AssertionError, "key"):
+                package(self.place / "three", "--only", "archive", "--helper", helper, *words)
+            self.assertFalse(list((self.place / "three").glob("*.xz")))
 
     def test_debian_package(self):
         deb = package(self.place, "--only", "deb", "--version", "1.1.0")
@@ -77,6 +91,13 @@ class PackageTest(unittest.TestCase):
         tree = self.place / "tree"
         run("dpkg-deb", "--extract", deb, tree)
         names = {str(path.relative_to(tree)) for path in tree.rglob("*")}
+        # The plug-in is complete, and nothing else is where hosts look.
+        plugin = "usr/lib/lv2/larkvox.lv2/"
+        self.assertLessEqual({plugin + name for name in
+                              ("manifest.ttl", "larkvox.ttl", "larkvox.so", "larkvox_ui.so",
+                               "Fernhorn_Fernhorn.bundle/Assets.json",
+                               "Driftwood_Driftwood.bundle/Assets.json")}, names)
+        run("lv2_validate", *(tree / plugin).glob("*.ttl"))
         # It is dpkg that updates this one.
         for name in ("usr/libexec", "usr/manifest.json", "usr/larkvox", "usr/add-to-menu"):
             self.assertNotIn(name, names)
@@ -102,8 +123,12 @@ class PackageTest(unittest.TestCase):
         said = self.place / "said"
         (root / "larkvox").write_text(f'#!/bin/sh\necho "$0" >"{said}.new"\nmv "{said}.new" "{said}"\n')
         (root / "larkvox").chmod(0o755)
-        environment = {**os.environ, "XDG_DATA_HOME": str(self.place / "data")}
+        (version / "lib/lv2/larkvox.lv2").mkdir(parents=True)
+        environment = {**os.environ, "XDG_DATA_HOME": str(self.place / "data"),
+                       "HOME": str(self.place / "home")}
         run("sh", root / "add-to-menu", env=environment)
+        plugin = self.place / "home/.lv2/larkvox.lv2"
+        self.assertEqual(os.readlink(plugin), f"{root}/current/lib/lv2/larkvox.lv2")
         entry = self.place / "data/applications/larkvox.desktop"
         run("desktop-file-validate", entry)
 

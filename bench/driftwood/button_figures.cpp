@@ -119,6 +119,27 @@ void measurePainting() {
                   timeOf(15, 5'000, [&](int) { painter.drawPixmap(20, 20, plain); }) * 1e6, "us");
 }
 
+/// A cell without a field of its own.
+class PlainCell final : public platform::Cell {
+    [[nodiscard]] core::Size cellSize() const override { return {10, 10}; }
+    void drawInterior(const core::Rect&, const platform::CellCanvas&) const override {}
+};
+
+class PlainControl final : public platform::CellControl {
+  public:
+    explicit PlainControl(QWidget* parent) : CellControl(std::make_unique<PlainCell>(), parent) {}
+};
+
+void measureMemory() {
+    QWidget window;
+    const auto before = mallinfo2().uordblks;
+    for (int i = 0; i < buttonCount; ++i) {
+        new PlainControl(&window);
+    }
+    bench::figure("cell_control_bytes",
+                  static_cast<double>(mallinfo2().uordblks - before) / buttonCount, "bytes");
+}
+
 void measureRestyling() {
     auto& style = StyledButtonCell::style();
     const driftwood::Color colors[] = {driftwood::makeColor(QColor(216, 214, 220)),
@@ -159,6 +180,7 @@ int main(int argc, char** argv) {
     driftwood::installKitAssets();
     measureLookup();
     measurePainting();
+    measureMemory();
     measureRestyling();
     return 0;
 }

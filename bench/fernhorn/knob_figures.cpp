@@ -2,8 +2,8 @@
 // paint a pixmap each, and beside painting the same pixmaps with one painter.
 
 #include "bench/figure.hpp"
-#include "fernhorn/controls/chaos_dial.hpp"
-#include "fernhorn/controls/film_strip.hpp"
+#include "fernhorn/dials/dial.hpp"
+#include "fernhorn/dials/pictures.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "platform/ui/appearance.hpp"
 

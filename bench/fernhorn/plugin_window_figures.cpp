@@ -4,8 +4,8 @@
 
 #include "bench/figure.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
-#include "gallery/fernhorn/plugin_window.hpp"
 #include "platform/ui/appearance.hpp"
+#include "plugin/window/plugin_window.hpp"
 
 #include <QApplication>
 #include <QProcess>
@@ -55,10 +55,10 @@ int openOnce(int& argc, char** argv) {
     QApplication application(argc, argv);
     platform::setAppearance(application, platform::Appearance::darkAqua);
     fernhorn::resourceBundle().assets().registerFonts();
-    const auto settings = gallery::VocoderSettings::make(core::MainQueue::shared());
+    const auto settings = larkvox::VocoderSettings::make(core::MainQueue::shared());
 
     const auto start = Clock::now();
-    gallery::PluginWindow window(settings);
+    larkvox::PluginWindow window(settings);
     PaintWatch watch;
     window.installEventFilter(&watch);
     window.show();

@@ -37,12 +37,19 @@ inline void printSamples(const std::string& name, std::vector<double> samples, c
     print((name + "_min").c_str(), samples.front(), unit);
 }
 
+/// Only counts.
+class CountingWaker final : public core::Waker {
+  public:
+    void wake() noexcept override { count.fetch_add(1, std::memory_order_relaxed); }
+    std::atomic<long> count{0};
+};
+
 /// A main thread that sleeps in poll until the queue wakes it, as an event loop does.
 class MainLoop final : public core::Waker {
   public:
-    explicit MainLoop(core::MainQueue& queue) : queue_(queue) { queue.setWaker(this); }
+    explicit MainLoop(core::MainQueue& queue) : queue_(queue) { queue.addWaker(*this); }
     ~MainLoop() {
-        queue_.setWaker(nullptr);
+        queue_.removeWaker(*this);
         close(descriptor_);
     }
     MainLoop(const MainLoop&) = delete;
@@ -55,19 +62,26 @@ class MainLoop final : public core::Waker {
     }
 
     void runUntil(const std::atomic<bool>& isOver) {
+        runFor(std::chrono::hours(1), isOver);
+        queue_.drain();
+    }
+
+    /// An event loop that ends in between, leaving what waits.
+    void runFor(std::chrono::milliseconds time, const std::atomic<bool>& isOver) {
+        const auto end = Clock::now() + time;
         auto next = core::MainQueue::Next::whenWoken;
-        while (!isOver) {
+        while (!isOver && Clock::now() < end) {
             pollfd source{descriptor_, POLLIN, 0};
-            const int wait = next == core::MainQueue::Next::whenWoken ? -1
-                             : next == core::MainQueue::Next::soon    ? 1
-                                                                      : 0;
+            const int wait = next == core::MainQueue::Next::whenWoken
+                                 ? static_cast<int>(std::min<std::int64_t>(time.count(), 60'000))
+                             : next == core::MainQueue::Next::soon ? 1
+                                                                   : 0;
             if (poll(&source, 1, wait) > 0) {
                 std::uint64_t count = 0;
                 [[maybe_unused]] const auto taken = read(descriptor_, &count, sizeof count);
             }
             next = queue_.pump(1024);
         }
-        queue_.drain();
     }
 
     [[nodiscard]] long wakes() const { return wakes_.load(std::memory_order_relaxed); }

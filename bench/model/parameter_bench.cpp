@@ -179,13 +179,41 @@ long peakKibibytes() {
     return usage.ru_maxrss;
 }
 
+/// An editor closes right behind an automation that it has shown, and opens again.
+void measureReopening(long count) {
+    core::MainQueue queue;
+    bench::Parameters parameters(1, queue);
+    long lost = 0;
+    for (long i = 0; i < count; ++i) {
+        bench::CountingWaker waker;
+        queue.addWaker(waker);
+        const long before = parameters.delivered;
+        parameters.all[0]->setValue(bench::valueAt(2 * i), ParameterEditor::parameterObserver,
+                                    change);
+        [[maybe_unused]] auto next = queue.pump(); // "soon", and then it is closed
+        queue.removeWaker(waker);
+        bench::CountingWaker again;
+        queue.addWaker(again);
+        parameters.all[0]->setValue(bench::valueAt(2 * i + 1), ParameterEditor::parameterObserver,
+                                    change);
+        if (again.count > 0) {
+            next = queue.pump();
+        }
+        lost += parameters.delivered == before + 2 ? 0 : 1;
+        queue.removeWaker(again);
+    }
+    bench::print("editor_reopen_lost", static_cast<double>(lost), "of_10000");
+    require(lost == 0, "automation after reopening", 0, lost);
+}
+
 /// Two threads, each writing half of the parameters in every block of 64 frames at 48 kHz.
 void measureStorm(double seconds) {
     constexpr std::size_t count = 4096;
     constexpr auto block = std::chrono::nanoseconds(1'000'000'000 / 750);
     core::MainQueue queue;
-    bench::MainLoop loop(queue);
+    auto loop = std::make_unique<bench::MainLoop>(queue);
     bench::Parameters parameters(count, queue);
+    long editors = 0;
     std::atomic<bool> isOver{false};
     std::atomic<int> running{2};
     std::atomic<long> settled{0};
@@ -213,11 +241,14 @@ void measureStorm(double seconds) {
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
         isOver = true;
-        loop.wake();
     });
     while (!isOver) {
-        loop.runUntil(isOver);
+        loop->runFor(std::chrono::milliseconds(7), isOver);
+        loop.reset(); // the editor closes, and opens again
+        ++editors;
+        loop = std::make_unique<bench::MainLoop>(queue);
     }
+    loop->runUntil(isOver);
     long lost = 0;
     for (const auto& parameter : parameters.all) {
         lost += parameter->value() != bench::valueAt(blocks - 1) ? 1 : 0;
@@ -227,6 +258,7 @@ void measureStorm(double seconds) {
     }
     watcher.join();
     bench::print("storm_lost", static_cast<double>(lost), "parameters");
+    bench::print("storm_editors", static_cast<double>(editors), "opened_and_closed");
     bench::print("storm_delivered_share",
                  static_cast<double>(parameters.delivered.load()) /
                      (static_cast<double>(blocks) * count),
@@ -249,6 +281,7 @@ int main(int count, char** arguments) {
     measureFull(rounds / 5);
     measureDrain(rounds / 2);
     measureMapping();
+    measureReopening(10'000);
     measureStorm(isShort ? 0.5 : 20);
     return hasFailed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -28,8 +28,14 @@ class QtWaker final : public QObject, public core::Waker {
         timer_.setSingleShot(true);
         timer_.setTimerType(Qt::PreciseTimer);
         connect(&timer_, &QTimer::timeout, this, &QtWaker::pump);
-        queue.setWaker(this);
+        queue.addWaker(*this);
     }
+    ~QtWaker() override {
+        queue_.removeWaker(*this);
+        close(descriptor_);
+    }
+    QtWaker(const QtWaker&) = delete;
+    QtWaker& operator=(const QtWaker&) = delete;
     void wake() noexcept override {
         const std::uint64_t one = 1;
         [[maybe_unused]] const auto written = write(descriptor_, &one, sizeof one);
@@ -135,7 +141,6 @@ int main(int count, char** arguments) {
     QCoreApplication::exec();
     writer.join();
     queue.drain();
-    queue.setWaker(nullptr);
 
     const double own = median(ours);
     bench::printSamples("posted_event_ns", posted, "ns");

@@ -2,8 +2,8 @@
 // and what it adds to painting the whole view.
 
 #include "bench/figure.hpp"
-#include "platform/ui/shade_image.hpp"
-#include "platform/ui/shader_effect.hpp"
+#include "platform/gpu/shade_image.hpp"
+#include "platform/gpu/shader_effect.hpp"
 #include "shaders/kestrel_shaders_helper.hpp"
 
 #include <QApplication>

@@ -3,9 +3,9 @@
 
 #include "bench/figure.hpp"
 #include "platform/gpu/gpu_view.hpp"
-#include "shaders/about_renderer.hpp"
-#include "shaders/metal_shader_renderer.hpp"
-#include "shaders/supporter_shader_renderer.hpp"
+#include "shaders/about_visual.hpp"
+#include "shaders/metal_shader.hpp"
+#include "shaders/supporter_visual.hpp"
 
 #include <QApplication>
 
@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
 
     kestrel::MetalShaderRenderer waveform(
         view, QStringLiteral("Main"), QStringLiteral("audioWaveformVertexShader"),
-        QStringLiteral("audioWaveformFragmentShader"), clock, [] { return 7U; });
+        QStringLiteral("audioWaveformFragmentShader"), {}, clock, [] { return 7U; });
     measure("waveform", view, waveform, clock);
 
     kestrel::AboutRenderer about(view, clock);

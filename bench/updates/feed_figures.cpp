@@ -3,9 +3,10 @@
 
 #include "bench/figure.hpp"
 #include "platform/system/sealed_file.hpp"
-#include "platform/updates/feed/appcast_reader.hpp"
-#include "platform/updates/feed/publication_date.hpp"
-#include "platform/updates/feed/signature.hpp"
+#include "updates/feed/appcast_reader.hpp"
+#include "updates/feed/publication_date.hpp"
+#include "updates/feed/signature.hpp"
+#include "updates/feed/signed_feed.hpp"
 
 #include <sodium.h>
 
@@ -30,10 +31,10 @@ double seconds(Call call) {
 std::string makeFeed() {
     std::string feed = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<rss version=\"2.0\" "
                        "xmlns:sparkle=\"https://feeds.example/sparkle\"><channel>\n";
-    for (int i = 0; feed.size() < platform::largestFeed - 4096; ++i) {
+    for (int i = 0; feed.size() < updates::largestFeed - 4096; ++i) {
         const std::string version = "1." + std::to_string(i);
         feed += "<item>\n  <title>Larkvox " + version + "</title>\n  <pubDate>" +
-                platform::publicationDate(std::chrono::sys_seconds(std::chrono::hours(i))) +
+                updates::publicationDate(std::chrono::sys_seconds(std::chrono::hours(i))) +
                 "</pubDate>\n  <sparkle:version>" + version + "</sparkle:version>\n" +
                 "  <sparkle:minimumSystemVersion>12</sparkle:minimumSystemVersion>\n"
                 "  <description><![CDATA[<ul>";
@@ -48,26 +49,45 @@ std::string makeFeed() {
     return feed + "</channel></rss>\n";
 }
 
-bool measureReading() {
-    const std::string feed = makeFeed();
-    std::vector<double> samples;
-    bool isRead = true;
-    for (int round = 0; round < 60; ++round) {
-        samples.push_back(seconds([&] {
-            const auto result = platform::readAppcast(std::as_bytes(std::span(feed)));
-            isRead = isRead && std::holds_alternative<platform::Appcast>(result);
-        }));
-    }
-    const double size = static_cast<double>(feed.size()) / mebibyte;
-    bench::figure("feed_parse_mib_s", size / bench::median(samples), "MiB/s");
-    return isRead;
-}
-
 std::string base64(const unsigned char* bytes, std::size_t size) {
     std::string text(sodium_base64_ENCODED_LEN(size, sodium_base64_VARIANT_ORIGINAL), '\0');
     sodium_bin2base64(text.data(), text.size(), bytes, size, sodium_base64_VARIANT_ORIGINAL);
     text.pop_back();
     return text;
+}
+
+bool measureReading() {
+    const std::string feed = makeFeed();
+    const auto bytes = std::as_bytes(std::span(feed));
+    unsigned char publicKey[crypto_sign_PUBLICKEYBYTES];
+    unsigned char secretKey[crypto_sign_SECRETKEYBYTES];
+    unsigned char signature[crypto_sign_BYTES];
+    crypto_sign_keypair(publicKey, secretKey);
+    updates::FeedStatement statement{1, std::chrono::sys_days(std::chrono::year(2100) / 1 / 1), {}};
+    const std::string toSign = updates::signedBytes(statement, bytes);
+    crypto_sign_detached(signature, nullptr, reinterpret_cast<const unsigned char*>(toSign.data()),
+                         toSign.size(), secretKey);
+    statement.signature = base64(signature, sizeof signature);
+    const std::string beside = updates::feedStatementText(statement);
+    const updates::FeedTrust trust{base64(publicKey, sizeof publicKey), 1, {}};
+
+    std::vector<double> samples;
+    std::vector<double> signedSamples;
+    bool isRead = true;
+    for (int round = 0; round < 60; ++round) {
+        samples.push_back(seconds([&] {
+            const auto result = updates::readAppcast(bytes);
+            isRead = isRead && std::holds_alternative<updates::Appcast>(result);
+        }));
+        signedSamples.push_back(seconds([&] {
+            const auto result = updates::readSignedAppcast(bytes, beside, trust);
+            isRead = isRead && std::holds_alternative<updates::SignedAppcast>(result);
+        }));
+    }
+    const double size = static_cast<double>(feed.size()) / mebibyte;
+    bench::figure("feed_parse_mib_s", size / bench::median(samples), "MiB/s");
+    bench::figure("feed_verify_parse_mib_s", size / bench::median(signedSamples), "MiB/s");
+    return isRead;
 }
 
 bool measureVerifying() {
@@ -108,7 +128,7 @@ bool measureVerifying() {
                 isVerified;
         }));
         ours.push_back(seconds(
-            [&] { isVerified = !platform::verifySignature(bytes, text, key) && isVerified; }));
+            [&] { isVerified = !updates::verifySignature(bytes, text, key) && isVerified; }));
     }
     bench::figure("verify_mib_s", static_cast<double>(size) / mebibyte / bench::median(ours),
                   "MiB/s");

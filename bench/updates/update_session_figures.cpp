@@ -1,23 +1,26 @@
 // update_session_figures HELPER: what an update costs the program that is being updated, with the
 // real dialogs, a real server over TLS (this program once more, with the argument --serve) and the
 // real helper.
-//   update_check_rss_mib: resident memory that a check on command adds, up to its answer
-//   ui_stall_ms: the longest time that the main thread did not come round while an update of 96 MiB
-//   was downloaded, verified and unpacked
+//   update_check_rss_mib: resident memory that a check on command adds at its peak, with the
+//   largest feed, or with an answer whose head has no end ui_stall_ms: the longest time that the
+//   main thread did not come round from the start of a check to the end of an update of 96 MiB,
+//   with the worst notes that are shown; on the screen it is run on
 
+#include "app/dialog_style.hpp"
 #include "bench/figure.hpp"
 #include "platform/ui/appearance.hpp"
-#include "platform/updates/dialogs/update_windows.hpp"
-#include "platform/updates/session/update_session.hpp"
-#include "platform/updates/testing/archive_maker.hpp"
-#include "platform/updates/testing/https_server.hpp"
-#include "platform/updates/testing/test_key.hpp"
+#include "updates/dialogs/update_windows.hpp"
+#include "updates/session/update_session.hpp"
+#include "updates/testing/archive_maker.hpp"
+#include "updates/testing/https_server.hpp"
+#include "updates/testing/test_key.hpp"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QSocketNotifier>
+#include <QSslSocket>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -31,15 +34,16 @@
 namespace {
 
 namespace fs = std::filesystem;
-using namespace platform;
-namespace kit = platform::testing;
+using namespace updates;
+namespace kit = updates::testing;
 
 constexpr std::size_t updateSize = 96U << 20U;
 
-double residentMiB() {
+/// "VmRSS:" is what is resident, "VmHWM:" its peak since it was forgotten.
+double residentMiB(std::string_view what) {
     std::ifstream status("/proc/self/status");
     for (std::string word; status >> word;) {
-        if (word == "VmRSS:") {
+        if (word == what) {
             double kib = 0;
             status >> kib;
             return kib / 1024;
@@ -60,6 +64,26 @@ std::vector<std::byte> makeUpdate() {
         "1.1.0", {{.name = "Larkvox/versions/1.1.0/share/data", .content = content}}));
 }
 
+void forgetPeak() {
+    std::ofstream("/proc/self/clear_refs") << 5;
+}
+
+/// What takes longest to lay out, and is not refused.
+std::vector<QByteArray> worstNotes() {
+    const QByteArray letters = "ä漢ひ한अกעش🎵";
+    return {QByteArray("<ul><li>").repeated(30'000),
+            QByteArray("<ul><li>x</ul>").repeated(18'000),
+            QByteArray("<ul><li><ol><li><ul><li><blockquote>x</ul></ol></ul>").repeated(5'000),
+            QByteArray("<p>x").repeated(60'000),
+            QByteArray("<h1>x</h1>").repeated(25'000),
+            QByteArray("<b><i><code>x</code></i></b>").repeated(9'000),
+            QByteArray(256 << 10, 'x'),
+            QByteArray(256 << 10, '\xff'),
+            QByteArray("x&shy;").repeated(40'000),
+            QByteArray("\xcc\x81").repeated(100'000),
+            letters.repeated(8'000)};
+}
+
 /// Prints the feed's address and the certificate authority, and serves until its input ends.
 int serve(int& argc, char** argv) {
     const QCoreApplication application(argc, argv);
@@ -69,13 +93,35 @@ int serve(int& argc, char** argv) {
     const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(archive.data()),
                                                      static_cast<qsizetype>(archive.size()));
     server.handle(QStringLiteral("/archive"), kit::servingFile(bytes));
+    const QByteArray enclosure =
+        "<enclosure url=\"" + server.url(QStringLiteral("/archive")).toEncoded() + "\" length=\"" +
+        QByteArray::number(bytes.size()) + "\" sparkle:edSignature=\"" +
+        QByteArray::fromStdString(kit::testSignature(archive)) + "\"/>";
+    // The largest that is read: what an item says is kept for each of its enclosures.
     const QByteArray feed =
         "<rss xmlns:sparkle=\"s\"><channel><item><sparkle:version>1.1.0</sparkle:version>"
-        "<enclosure url=\"" +
-        server.url(QStringLiteral("/archive")).toEncoded() + "\" length=\"" +
-        QByteArray::number(bytes.size()) + "\" sparkle:edSignature=\"" +
-        QByteArray::fromStdString(kit::testSignature(archive)) + "\"/></item></channel></rss>";
+        "<sparkle:releaseNotesLink>" +
+        server.url(QStringLiteral("/notes")).toEncoded() +
+        "</sparkle:releaseNotesLink><description>" + QByteArray((1 << 20) - 4096, 'x') +
+        "</description>" + enclosure.repeated(8) + "</item></channel></rss>";
+    server.handle(QStringLiteral("/notes"), [next = std::size_t{0}](auto& connection,
+                                                                    const auto& request) mutable {
+        const auto notes = worstNotes();
+        kit::answering(notes[next++ % notes.size()], "text/html")(connection, request);
+    });
+    server.handle(QStringLiteral("/endless"), [](QSslSocket& connection, const auto&) {
+        connection.write("HTTP/1.1 200 OK\r\n");
+        auto* const timer = new QTimer(&connection);
+        QObject::connect(timer, &QTimer::timeout, &connection, [&connection] {
+            if (connection.bytesToWrite() < 1 << 20) {
+                connection.write(QByteArray("X: 1234567890\r\n").repeated(1000));
+            }
+        });
+        timer->start(0);
+    });
     server.handle(QStringLiteral("/feed"), kit::answering(feed, "application/rss+xml"));
+    server.handle(QStringLiteral("/feed.sig"), kit::answering(QByteArray::fromStdString(
+                                                   kit::testStatement(feed.toStdString()))));
     std::cout << server.url(QStringLiteral("/feed")).toString().toStdString() << '\n'
               << certificates.authority().toBase64().toStdString() << std::endl;
     const QSocketNotifier end(STDIN_FILENO, QSocketNotifier::Read);
@@ -144,7 +190,7 @@ class Pulse final : public QObject {
 int measure(int& argc, char** argv, const char* helper) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    setAppearance(application, Appearance::darkAqua);
+    platform::setAppearance(application, platform::Appearance::darkAqua);
     QProcess server;
     server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     server.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--serve")});
@@ -170,18 +216,41 @@ int measure(int& argc, char** argv, const char* helper) {
     configuration.examine = [program] {
         return examineInstallation(program, {"/nowhere", "/nowhere"});
     };
-    UpdateSession session(configuration);
-    UpdateWindows windows(session, Workspace::shared());
+    bool isThere = true;
+    double memory = 0;
     QWidget window;
     window.show();
     runFor(500);
-
-    const double before = residentMiB();
-    session.checkForUpdates();
-    bool isThere = comes<scene::Offer>(session);
-    bench::figure("update_check_rss_mib", residentMiB() - before, "MiB");
-
+    {
+        UpdaterConfiguration endless = configuration;
+        endless.identity.feed.setPath(QStringLiteral("/endless"));
+        UpdateSession session(endless);
+        forgetPeak();
+        const double before = residentMiB("VmRSS:");
+        session.checkForUpdates();
+        static_cast<void>(comes<scene::Failed>(session));
+        memory = residentMiB("VmHWM:") - before;
+    }
+    UpdateSession session(configuration);
+    UpdateWindows windows(session, larkvox::dialogStyle(), platform::Workspace::shared());
     Pulse pulse;
+    for (std::size_t i = 0; i < worstNotes().size() && isThere; ++i) {
+        session.dismiss();
+        forgetPeak();
+        const double before = residentMiB("VmRSS:");
+        session.checkForUpdates();
+        isThere = comes<scene::Offer>(session);
+        memory = std::max(memory, residentMiB("VmHWM:") - before);
+        const double stall = pulse.longest; // of all before
+        pulse.longest = 0;
+        while (isThere && std::get<scene::Offer>(session.scene()).isLoadingNotes) {
+            runFor(5);
+        }
+        runFor(300); // until they are painted
+        std::fprintf(stderr, "notes %zu: %.1f ms\n", i, pulse.longest);
+        pulse.longest = std::max(stall, pulse.longest);
+    }
+    bench::figure("update_check_rss_mib", memory, "MiB");
     session.install();
     isThere = isThere && comes<scene::Ready>(session);
     bench::figure("ui_stall_ms", pulse.longest, "ms");

@@ -3,9 +3,9 @@
 
 #include "bench/figure.hpp"
 #include "platform/gpu/gpu_view.hpp"
-#include "shaders/about_renderer.hpp"
-#include "shaders/metal_shader_renderer.hpp"
-#include "shaders/supporter_shader_renderer.hpp"
+#include "shaders/about_visual.hpp"
+#include "shaders/metal_shader.hpp"
+#include "shaders/supporter_visual.hpp"
 
 #include <QApplication>
 

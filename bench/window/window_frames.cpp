@@ -2,6 +2,8 @@
 //   waveform_frame_ms, waveform_frame_2x_ms (with QT_SCALE_FACTOR=2): 95th percentile of the time
 //   from frame to frame, compositing included
 //   unfocused_frames: frames drawn in 3 s after the window has resigned key
+//   running_cpu_percent, idle_cpu_percent_unfocused, idle_cpu_percent_minimised: the program's
+//   share of one core over 10 s, and how often a second it wakes
 
 #include "app/larkvox_app.hpp"
 #include "bench/figure.hpp"
@@ -13,7 +15,10 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <ctime>
 #include <string_view>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -38,6 +43,19 @@ class PaintTimes final : public QObject {
   private:
     QElapsedTimer clock_;
 };
+
+double processorSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+/// How often this process has waited so far, in all of its threads.
+long wakeUps() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_nvcsw;
+}
 
 void runFor(int milliseconds) {
     QEventLoop loop;
@@ -80,6 +98,26 @@ int main(int argc, char** argv) {
         const long before = view->frameCount();
         runFor(3000);
         bench::figure(argv[1], static_cast<double>(view->frameCount() - before), "frames");
+        return 0;
+    }
+    if (name.find("cpu_percent") != std::string_view::npos) {
+        QWidget other;
+        if (name == "idle_cpu_percent_unfocused") {
+            other.show();
+            QApplication::setActiveWindow(&other);
+        } else if (name == "idle_cpu_percent_minimised") {
+            window->showMinimized();
+        }
+        runFor(1000);
+        constexpr int seconds = 10;
+        const double before = processorSeconds();
+        const long wakeUpsBefore = wakeUps();
+        const long framesBefore = view->frameCount();
+        runFor(seconds * 1000);
+        bench::figure(argv[1], 100 * (processorSeconds() - before) / seconds, "percent");
+        std::printf("  %.1f wake-ups and %.1f frames a second\n",
+                    static_cast<double>(wakeUps() - wakeUpsBefore) / seconds,
+                    static_cast<double>(view->frameCount() - framesBefore) / seconds);
         return 0;
     }
     PaintTimes paints(*view);

@@ -1,5 +1,6 @@
-// window_start PROGRAM BARE_PROGRAM: from exec to the first picture on the screen, and the resident
-// memory after it, of the program over those of a bare window, in turn.
+// window_start PROGRAM BARE_PROGRAM [QUICK_PROGRAM]: from exec to the first text and to the first
+// picture on the screen, and the resident memory after it, of the program, of a bare window and of
+// the same window in Qt Quick, in turn.
 
 #include "bench/figure.hpp"
 
@@ -40,29 +41,42 @@ class Screen {
     /// Whether a glowing part of the waveform, or the bare window's green, is in the strip beside
     /// the name. Plain ground, a black screen or white text are not.
     bool showsPicture() {
-        constexpr std::uint16_t width = 110;
-        constexpr std::uint16_t height = 160;
-        xcb_get_image_reply_t* const reply =
-            xcb_get_image_reply(connection_,
-                                xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_, 15, 70,
-                                              width, height, ~0U),
-                                nullptr);
-        if (reply == nullptr) {
-            return false;
-        }
-        int bright = 0;
-        const std::span<const std::uint8_t> bytes(
-            xcb_get_image_data(reply), static_cast<std::size_t>(xcb_get_image_data_length(reply)));
-        for (std::size_t i = 0; i + 3 < bytes.size(); i += 4) {
-            const int strongest = std::max({bytes[i], bytes[i + 1], bytes[i + 2]});
-            const int weakest = std::min({bytes[i], bytes[i + 1], bytes[i + 2]});
-            bright += strongest > 90 && strongest - weakest > 40 ? 1 : 0;
-        }
-        std::free(reply);
-        return bright > 20;
+        return count(15, 70, 110, 160, [](int weakest, int strongest) {
+                   return strongest > 90 && strongest - weakest > 40;
+               }) > 20;
+    }
+
+    /// Whether there is light text in the lower half.
+    bool showsText() {
+        return count(40, 330, 320, 120, [](int weakest, int strongest) {
+                   return weakest > 140 && strongest < 250;
+               }) > 20;
     }
 
   private:
+    /// How many pixels of a rectangle are such, by their weakest and their strongest component.
+    int count(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height,
+              bool (*isSuch)(int weakest, int strongest)) {
+        xcb_get_image_reply_t* const reply = xcb_get_image_reply(
+            connection_,
+            xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_, x, y, width, height, ~0U),
+            nullptr);
+        if (reply == nullptr) {
+            return 0;
+        }
+        int found = 0;
+        const std::span<const std::uint8_t> bytes(
+            xcb_get_image_data(reply), static_cast<std::size_t>(xcb_get_image_data_length(reply)));
+        for (std::size_t i = 0; i + 3 < bytes.size(); i += 4) {
+            found += isSuch(std::min({bytes[i], bytes[i + 1], bytes[i + 2]}),
+                            std::max({bytes[i], bytes[i + 1], bytes[i + 2]}))
+                         ? 1
+                         : 0;
+        }
+        std::free(reply);
+        return found;
+    }
+
     xcb_connection_t* connection_;
     xcb_window_t root_ = 0;
 };
@@ -81,6 +95,7 @@ double residentMiB(pid_t process) {
 }
 
 struct Run {
+    double textMilliseconds; // 0 without any text before the picture is there
     double milliseconds;
     double mebibytes;
 };
@@ -96,7 +111,12 @@ Run start(const char* program, std::chrono::milliseconds staying) {
         execl(program, program, static_cast<char*>(nullptr));
         _exit(127);
     }
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    double text = 0;
     while (!screen.showsPicture()) {
+        if (text == 0 && screen.showsText()) {
+            text = Milliseconds(Clock::now() - begin).count();
+        }
         if (Clock::now() - begin > std::chrono::seconds(30) ||
             waitpid(process, nullptr, WNOHANG) == process) {
             std::fprintf(stderr, "%s shows nothing\n", program);
@@ -104,33 +124,46 @@ Run start(const char* program, std::chrono::milliseconds staying) {
         }
         std::this_thread::sleep_for(std::chrono::microseconds(500));
     }
-    const std::chrono::duration<double, std::milli> taken = Clock::now() - begin;
+    const double taken = Milliseconds(Clock::now() - begin).count();
     std::this_thread::sleep_for(staying);
     const double memory = residentMiB(process);
     kill(process, SIGTERM);
     waitpid(process, nullptr, 0);
-    return {taken.count(), memory};
+    return {text > 0 ? text : taken, taken, memory};
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: window_start PROGRAM BARE_PROGRAM\n");
+    if (argc != 3 && argc != 4) {
+        std::fprintf(stderr, "usage: window_start PROGRAM BARE_PROGRAM [QUICK_PROGRAM]\n");
         return 2;
     }
     using namespace std::chrono_literals;
     std::vector<double> own;
+    std::vector<double> visible;
     std::vector<double> bare;
-    start(argv[1], 0ms); // fills the caches
-    start(argv[2], 0ms);
-    for (int i = 0; i < rounds; ++i) {
-        own.push_back(start(argv[1], 0ms).milliseconds);
-        bare.push_back(start(argv[2], 0ms).milliseconds);
+    std::vector<double> quick;
+    for (int i = 1; i < argc; ++i) {
+        start(argv[i], 0ms); // fills the caches
     }
+    for (int i = 0; i < rounds; ++i) {
+        const Run run = start(argv[1], 0ms);
+        own.push_back(run.milliseconds);
+        visible.push_back(run.textMilliseconds);
+        bare.push_back(start(argv[2], 0ms).milliseconds);
+        if (argc > 3) {
+            quick.push_back(start(argv[3], 0ms).milliseconds);
+        }
+    }
+    bench::figure("window_visible_ms", bench::median(visible), "ms");
     bench::figure("start_ms", bench::median(own), "ms");
     bench::figure("start_bare_ms", bench::median(bare), "ms");
     bench::figure("start_ratio", bench::median(own) / bench::median(bare), "ratio");
+    if (!quick.empty()) {
+        bench::figure("start_quick_ms", bench::median(quick), "ms");
+        bench::figure("start_vs_quick", bench::median(own) / bench::median(quick), "ratio");
+    }
 
     const std::string cache = std::filesystem::temp_directory_path() / "larkvox-cold-XXXXXX";
     std::string folder = cache;
