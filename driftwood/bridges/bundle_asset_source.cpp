@@ -11,7 +11,7 @@ QString text(std::string_view name) {
     return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
 }
 
-class QtColor final : public ColorAsset {
+class QtColor final : public StyleColor {
   public:
     explicit QtColor(const QColor& color) : value(color) {}
     [[nodiscard]] bool isEqual(const Asset& other) const override {
@@ -21,7 +21,7 @@ class QtColor final : public ColorAsset {
     const QColor value;
 };
 
-class QtFont final : public FontAsset {
+class QtFont final : public StyleFont {
   public:
     explicit QtFont(const QFont& font) : value(font) {}
     [[nodiscard]] bool isEqual(const Asset& other) const override {
@@ -31,7 +31,7 @@ class QtFont final : public FontAsset {
     const QFont value;
 };
 
-class BundleImage final : public ImageAsset {
+class BundleImage final : public StyleImage {
   public:
     explicit BundleImage(const platform::ImageAsset& image) : value(image) {}
     [[nodiscard]] bool isEqual(const Asset& other) const override {

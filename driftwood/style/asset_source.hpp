@@ -20,11 +20,14 @@ class Asset {
     [[nodiscard]] virtual bool isEqual(const Asset& other) const { return this == &other; }
 };
 
-class ColorAsset : public Asset {};
+/// What a `Color` refers to.
+class StyleColor : public Asset {};
 
-class FontAsset : public Asset {};
+/// What a `Font` refers to.
+class StyleFont : public Asset {};
 
-class ImageAsset : public Asset {
+/// What an `Image` refers to.
+class StyleImage : public Asset {
   public:
     [[nodiscard]] virtual core::Size size() const = 0; ///< points
     /// True: only its coverage counts; it is drawn in one colour.
@@ -54,9 +57,10 @@ class AssetHandle {
     std::shared_ptr<const AssetType> asset_;
 };
 
-using Color = AssetHandle<ColorAsset>;
-using Font = AssetHandle<FontAsset>;
-using Image = AssetHandle<ImageAsset>;
+/// What a style says in each place; null where it says nothing.
+using Color = AssetHandle<StyleColor>;
+using Font = AssetHandle<StyleFont>;
+using Image = AssetHandle<StyleImage>;
 
 enum class FontWeight { regular, medium };
 enum class FontDigits { proportional, monospaced };

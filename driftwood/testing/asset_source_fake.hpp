@@ -9,7 +9,7 @@
 namespace driftwood {
 
 /// Assets for tests that are nothing but their names. Every request makes a new object.
-class NamedColor final : public ColorAsset {
+class NamedColor final : public StyleColor {
   public:
     explicit NamedColor(std::string_view colorName) : name(colorName) {}
     [[nodiscard]] bool isEqual(const Asset& other) const override {
@@ -19,7 +19,7 @@ class NamedColor final : public ColorAsset {
     const std::string name;
 };
 
-class NamedImage final : public ImageAsset {
+class NamedImage final : public StyleImage {
   public:
     explicit NamedImage(std::string_view imageName) : name(imageName) {}
     [[nodiscard]] core::Size size() const override { return {20, 10}; }
@@ -27,7 +27,7 @@ class NamedImage final : public ImageAsset {
     const std::string name;
 };
 
-class SizedFont final : public FontAsset {
+class SizedFont final : public StyleFont {
   public:
     SizedFont(double fontSize, FontWeight fontWeight, FontDigits fontDigits)
         : size(fontSize), weight(fontWeight), digits(fontDigits) {}

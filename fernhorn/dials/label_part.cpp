@@ -19,7 +19,7 @@ constexpr double rowHeight = 40;
 constexpr double captionSpacing = 4;
 constexpr double suffixSpacing = 4;
 
-QColor toQColor(const core::Color& color) {
+QColor toQColor(const core::SRGBColor& color) {
     return QColor::fromRgbF(color.red, color.green, color.blue, color.alpha);
 }
 
