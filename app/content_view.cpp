@@ -44,17 +44,10 @@ ContentView::ContentView(int buttonWidth, const platform::Bundle& bundle,
     : bundle_(bundle),
       workspace_(workspace),
       textColor_(bundle.assets().color(QStringLiteral("buttonText"))) {
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, bundle.assets().color(QStringLiteral("background")));
-    setPalette(palette);
-    setAutoFillBackground(true);
-
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(stackSpacing);
-    auto* const header = new HeaderView(QString::fromLatin1(productName));
-    header->setFixedHeight(300);
-    column->addWidget(header);
+    column->addWidget(new HeaderView(QString::fromLatin1(productName)));
     column->addStretch();
     column->addWidget(makeMessages());
     column->addWidget(makeLogo(), 0, Qt::AlignHCenter);

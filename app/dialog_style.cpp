@@ -36,7 +36,7 @@ class LitButtonStyle final : public platform::ButtonStyle {
                                               : QStringLiteral("dwk-button"));
         // Over the bezel's body, whose light and shadow stay.
         QColor light = QApplication::palette().color(QPalette::Highlight);
-        light.setAlphaF(configuration.isPressed ? 0.35F : 0.65F);
+        light.setAlphaF(configuration.isPressed ? 0.35F : configuration.isHovered ? 0.8F : 0.65F);
         painter.setPen(Qt::NoPen);
         painter.setBrush(light);
         painter.drawRoundedRect(body.adjusted(1, 1, -1, -2), 3.5, 3.5);

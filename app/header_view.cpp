@@ -34,11 +34,14 @@ HeaderView::HeaderView(const QString& productName, QWidget* parent)
     QPalette palette = name_->palette();
     palette.setColor(QPalette::WindowText, Qt::white);
     name_->setPalette(palette);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
 }
 
 void HeaderView::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    visual_->setGeometry(rect());
+    // It fades out before its edges; the window's rim and round corners stay free.
+    constexpr int rim = 3;
+    visual_->setGeometry(rect().adjusted(rim, rim, -rim, 0));
     // Room for the shadows around the text.
     constexpr int reach = 12;
     QRect place(QPoint(), name_->sizeHint() + QSize(2 * reach, 2 * reach));

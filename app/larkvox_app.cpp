@@ -2,6 +2,7 @@
 
 #include "app/content_view.hpp"
 #include "app/dialog_style.hpp"
+#include "app/program_windows.hpp"
 #include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "platform/assets/bundle.hpp"
@@ -9,6 +10,7 @@
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/about_panel.hpp"
 #include "platform/ui/window_scene.hpp"
+#include "platform/ui/workspace.hpp"
 
 #include <QApplication>
 #include <QIcon>
@@ -108,6 +110,9 @@ void prepareApplication(QApplication& application, const platform::Bundle& bundl
     // A typeface that cannot be registered is replaced by the desktop's own.
     fernhorn::resourceBundle().assets().registerFonts();
     driftwood::resourceBundle().assets().registerFonts();
+
+    platform::setStandardAboutPanelLook(aboutPanelLook);
+    platform::Workspace::setUnopened(showUnopenedPage);
 
     QCoreApplication::setApplicationName(bundle.information(QStringLiteral("CFBundleName")));
     QCoreApplication::setApplicationVersion(

@@ -2,6 +2,8 @@
 #include "app/resource_bundle_class.hpp"
 #include "app/update_identity.hpp"
 #include "platform/system/process.hpp"
+#include "platform/system/sole_start.hpp"
+#include "platform/ui/bring_forward.hpp"
 #include "platform/ui/locale_services.hpp"
 #include "platform/ui/main_queue_driver.hpp"
 #include "platform/ui/window_scene.hpp"
@@ -9,6 +11,9 @@
 #include "updates/system_surroundings.hpp"
 
 #include <QApplication>
+
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -23,6 +28,11 @@ updates::UpdaterConfiguration updaterConfiguration() {
 } // namespace
 
 int main(int argc, char** argv) {
+    // One window for each user and desktop: a second start brings it forward.
+    platform::SoleStart start("larkvox", platform::startupToken());
+    if (!start.isFirst()) {
+        return 0;
+    }
     // No update may remove the files of this version while it runs.
     const updates::RunningCopy copy(platform::programFile());
     QApplication application(argc, argv);
@@ -30,9 +40,18 @@ int main(int argc, char** argv) {
     platform::installLocaleServices();
     const platform::Bundle& bundle = larkvox::ResourceBundleClass::bundle();
     larkvox::prepareApplication(application, bundle);
-    larkvox::LarkvoxApp app(updaterConfiguration());
+    std::optional<platform::LaterStarts> laterStarts;
+    updates::UpdaterConfiguration updates = updaterConfiguration();
+    updates.startProgram = [&](const auto& program, const auto& arguments) {
+        laterStarts->release(); // for the new version
+        return platform::startProgram(program, arguments);
+    };
+    larkvox::LarkvoxApp app(std::move(updates));
     app.appDelegate().applicationDidFinishLaunching(&application);
     const auto window = app.makeWindow(bundle);
     window->show();
-    return QApplication::exec();
+    laterStarts.emplace(start, *window);
+    const int result = QApplication::exec();
+    laterStarts->release(); // who starts now need not wait until all of this one is gone
+    return result;
 }

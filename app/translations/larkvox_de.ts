@@ -10,6 +10,13 @@
     </message>
 </context>
 <context>
+    <name>Information</name>
+    <message>
+        <source>Made by Fennick with Qt. Typefaces derived from Jura by Daniel Johnson and Quicksand by Andrew Paglinawan, under the SIL Open Font License.</source>
+        <translation>Von Fennick mit Qt gemacht. Schriften nach Jura von Daniel Johnson und Quicksand von Andrew Paglinawan, unter der SIL Open Font License.</translation>
+    </message>
+</context>
+<context>
     <name>fernhorn::LeftRightArrowButton</name>
     <message>
         <source>Left</source>
@@ -83,6 +90,29 @@
     </message>
 </context>
 <context>
+    <name>larkvox::UnopenedPage</name>
+    <message>
+        <source>This page couldn’t be opened</source>
+        <translation>Diese Seite konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>No program on this computer opens it. This is its address:</source>
+        <translation>Kein Programm auf diesem Computer öffnet sie. Dies ist ihre Adresse:</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Copy Address</source>
+        <translation>Adresse kopieren</translation>
+    </message>
+</context>
+<context>
     <name>platform::AboutPanel</name>
     <message>
         <source>About %1</source>
@@ -93,6 +123,25 @@
         <source>Version %1 (%2)</source>
         <extracomment>%1 is the version, %2 the build number</extracomment>
         <translation>Version %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>platform::WindowScene</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -285,7 +334,6 @@
     </message>
     <message>
         <source>%1 couldn’t look for updates</source>
-        <extracomment>%1 is the name of the program</extracomment>
         <translation>%1 konnte nicht nach Updates suchen</translation>
     </message>
     <message>
@@ -545,21 +593,6 @@
         <source>%1 %2 needs a newer system: Linux %3 or later. Update your system first.</source>
         <extracomment>%1 is the name of the program, %2 a version of it, %3 one of the system’s kernel</extracomment>
         <translation>%1 %2 braucht ein neueres System: Linux %3 oder neuer. Aktualisiere zuerst dein System.</translation>
-    </message>
-</context>
-<context>
-    <name>platform::WindowScene</name>
-    <message>
-        <source>Menu</source>
-        <translation>Menü</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>Minimieren</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
     </message>
 </context>
 </TS>

@@ -16,6 +16,12 @@ void BezelButtonStyle::paint(QPainter& painter, const QRectF& body,
             isPressed ? QStringLiteral("dwk-button-down") : QStringLiteral("dwk-button"))) {
         platform::paintImage(painter, body, *bezel);
     }
+    if (configuration.isHovered && !isPressed) {
+        // Over the bezel's body, whose light and shadow stay.
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(255, 255, 255, 16));
+        painter.drawRoundedRect(body.adjusted(1, 1, -1, -2), 3.5, 3.5);
+    }
     QColor ink = assets.color(isPressed ? QStringLiteral("Grey 50%") : QStringLiteral("Grey 85%"));
     if (!configuration.isEnabled) {
         ink.setAlphaF(ink.alphaF() * disabledOpacity());

@@ -41,10 +41,21 @@ QSize Button::sizeHint() const {
         .toSize();
 }
 
+void Button::enterEvent(QEnterEvent* event) {
+    AbstractButton::enterEvent(event);
+    update();
+}
+
+void Button::leaveEvent(QEvent* event) {
+    AbstractButton::leaveEvent(event);
+    update();
+}
+
 void Button::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    style_->paint(painter, QRectF(rect()), {text(), isDown(), isEnabled()});
+    style_->paint(painter, QRectF(rect()),
+                  {text(), isDown(), isEnabled(), isEnabled() && underMouse()});
     if (showsFocusRing()) {
         paintFocusRing(painter, QRectF(rect()),
                        palette().color(QPalette::Active, QPalette::Highlight), 4);

@@ -14,6 +14,7 @@ struct ButtonConfiguration {
     QString label;
     bool isPressed = false;
     bool isEnabled = true;
+    bool isHovered = false; ///< the pointer is over it, and it is enabled
 };
 
 /// How buttons look: immutable, shared by any number of them. Main thread.
@@ -52,6 +53,8 @@ class Button final : public AbstractButton {
 
   protected:
     [[nodiscard]] bool yieldsWhileDisabled() const override { return true; }
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:

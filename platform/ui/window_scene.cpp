@@ -3,12 +3,15 @@
 #include "platform/controls/accessible_role.hpp"
 #include "platform/controls/glyph_button.hpp"
 #include "platform/controls/menu.hpp"
+#include "platform/ui/window_frame.hpp"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QShortcut>
 #include <QShowEvent>
 #include <QWindow>
@@ -21,6 +24,8 @@ WindowScene::WindowScene(const QString& title, const QString& identifier, QSize 
                          const AssetCatalog& assets)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
+      contentSize_(contentSize),
+      frame_(new WindowFrame(*this)),
       menuButton_(new GlyphButton(QStringLiteral("window-menu"), tr("Menu"), assets, this)),
       minimiseButton_(
           new GlyphButton(QStringLiteral("window-minimise"), tr("Minimize"), assets, this)),
@@ -28,24 +33,38 @@ WindowScene::WindowScene(const QString& title, const QString& identifier, QSize 
     setAccessibleRole(*this, QAccessible::Window);
     setWindowTitle(title);
     setObjectName(identifier);
-    setFixedSize(contentSize);
+    fitScreen();
     menuButton_->hide();
     connect(menuButton_, &QAbstractButton::clicked, this, [this] {
         popUpMenu(menuButton_->hasFocus() ? MenuOpenedBy::key : MenuOpenedBy::pointer);
     });
     connect(minimiseButton_, &QAbstractButton::clicked, this, &QWidget::showMinimized);
     connect(closeButton_, &QAbstractButton::clicked, this, &QWidget::close);
-    addShortcut({Qt::CTRL | Qt::Key_W, Qt::ALT | Qt::Key_F4}, [this] { close(); });
+    addShortcut({Qt::ALT | Qt::Key_F4}, [this] { close(); });
     addShortcut({Qt::CTRL | Qt::Key_M}, [this] { showMinimized(); });
-    addShortcut({Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); });
-    addShortcut({Qt::Key_F10, Qt::Key_Menu}, [this] { popUpMenu(MenuOpenedBy::key); });
-    placeButtons();
+    addShortcut({Qt::SHIFT | Qt::Key_F10, Qt::Key_Menu}, [this] { popUpMenu(MenuOpenedBy::key); });
+    addShortcut(
+        {Qt::CTRL | Qt::Key_W},
+        [] {
+            if (QWidget* const front = QApplication::activeWindow()) {
+                front->close();
+            }
+        },
+        Qt::ApplicationShortcut);
+    addShortcut(
+        {Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); }, Qt::ApplicationShortcut);
+    addShortcut(
+        {Qt::Key_F10}, [this] { popUpMenu(MenuOpenedBy::key); }, Qt::ApplicationShortcut);
+    placeParts();
+    setFocus(); // in place of the first control, which the toolkit would choose
 }
 
-void WindowScene::addShortcut(const QList<QKeySequence>& keys,
-                              const std::function<void()>& action) {
+void WindowScene::addShortcut(const QList<QKeySequence>& keys, const std::function<void()>& action,
+                              Qt::ShortcutContext context) {
     for (const QKeySequence& key : keys) {
-        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
+        auto* const shortcut = new QShortcut(key, this);
+        shortcut->setContext(context);
+        connect(shortcut, &QShortcut::activated, this, action);
     }
 }
 
@@ -53,15 +72,23 @@ void WindowScene::setContent(QWidget* content) {
     delete content_;
     content_ = content;
     content_->setParent(this);
-    content_->setGeometry(rect());
     content_->lower();
-    // Tab goes round; it starts in the content and comes to the window's own buttons last.
-    for (QWidget* next = content_->nextInFocusChain(); content_->isAncestorOf(next);
+    placeParts();
+    orderFocus();
+}
+
+/// Tab goes round; it starts in the content and comes to the window's own buttons last.
+void WindowScene::orderFocus() {
+    QWidget* last = nullptr;
+    for (QWidget* next = content_; next == content_ || content_->isAncestorOf(next);
          next = next->nextInFocusChain()) {
-        if ((next->focusPolicy() & Qt::TabFocus) != 0) {
-            next->setFocus();
-            break;
-        }
+        last = next;
+    }
+    for (QWidget* const button :
+         {static_cast<QWidget*>(menuButton_), static_cast<QWidget*>(minimiseButton_),
+          static_cast<QWidget*>(closeButton_)}) {
+        setTabOrder(last, button);
+        last = button;
     }
 }
 
@@ -74,29 +101,75 @@ void WindowScene::setMenu(Menu* menu) {
     auto* const bar = new QMenuBar(this);
     bar->addMenu(menu_);
     bar->setVisible(false);
-    placeButtons();
+    placeParts();
 }
 
 void WindowScene::popUpMenu(MenuOpenedBy by) {
     if (menu_ != nullptr) {
+        if (!isActiveWindow()) { // another one of the program's is
+            if (isMinimized()) {
+                showNormal();
+            }
+            raise();
+            activateWindow();
+        }
         menu_->popUpBelow(*menuButton_, Qt::AlignTrailing, 2, by);
     }
 }
 
-void WindowScene::placeButtons() {
+void WindowScene::placeParts() {
     constexpr int margin = 6;
+    const QRect panel = frame_->panel();
+    if (content_ != nullptr) {
+        content_->setGeometry(panel);
+    }
     int x = margin;
     for (GlyphButton* const button : {closeButton_, minimiseButton_, menuButton_}) {
-        button->move(isRightToLeft() ? x : width() - x - button->width(), margin);
+        button->move(isRightToLeft() ? panel.left() + x : panel.right() + 1 - x - button->width(),
+                     panel.top() + margin);
         x += button->width();
     }
 }
 
+/// The size is the one it was made for, or what the screen has room for.
+void WindowScene::fitScreen() {
+    const QSize room = screen()->availableGeometry().size();
+    setFixedSize(contentSize_.boundedTo(room).grownBy(frame_->margins()));
+}
+
+void WindowScene::followScreen() {
+    const auto follow = [this](const QScreen* screen) {
+        if (screen != nullptr) {
+            connect(screen, &QScreen::availableGeometryChanged, this, &WindowScene::fitScreen,
+                    Qt::UniqueConnection);
+            fitScreen();
+        }
+    };
+    connect(windowHandle(), &QWindow::screenChanged, this, follow);
+    follow(screen());
+}
+
 bool WindowScene::event(QEvent* event) {
     if (event->type() == QEvent::LayoutDirectionChange) {
-        placeButtons();
+        placeParts();
+    } else if (event->type() == QEvent::WinIdChange && windowHandle() != nullptr) {
+        followScreen();
     }
     return QWidget::event(event);
+}
+
+void WindowScene::resizeEvent(QResizeEvent* /*event*/) {
+    placeParts();
+}
+
+/// The program ends with its window: whatever else it shows has no ground to stand on.
+void WindowScene::closeEvent(QCloseEvent* event) {
+    for (QWidget* const other : QApplication::topLevelWidgets()) {
+        if (other != this && other->isVisible() && !other->close()) {
+            event->ignore();
+            return;
+        }
+    }
 }
 
 void WindowScene::showEvent(QShowEvent* event) {
@@ -108,7 +181,7 @@ void WindowScene::showEvent(QShowEvent* event) {
 }
 
 void WindowScene::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
+    if (event->button() == Qt::LeftButton && frame_->panel().contains(event->pos())) {
         isPressed_ = true;
         isMovedByHand_ = false;
         pressPosition_ = event->globalPosition().toPoint();
@@ -151,9 +224,9 @@ void WindowScene::contextMenuEvent(QContextMenuEvent* event) {
     }
 }
 
-void WindowScene::paintEvent(QPaintEvent* /*event*/) {
+void WindowScene::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Window));
+    frame_->paint(painter, event->rect());
 }
 
 } // namespace platform

@@ -2,6 +2,8 @@
 
 #include <QUrl>
 
+#include <functional>
+
 namespace platform {
 
 /// What the desktop does for a program. Tests put their own in its place. Main thread.
@@ -14,6 +16,9 @@ class Workspace {
 
     /// The user's desktop.
     static Workspace& shared();
+    /// What the user's desktop says when nothing opens an address, which may show only after `open`
+    /// has returned. It has no words of its own.
+    static void setUnopened(std::function<void(const QUrl&)> tell);
 };
 
 } // namespace platform

@@ -1,7 +1,7 @@
 #include "platform/controls/internal/menu_look.hpp"
 
 #include "platform/assets/system_font.hpp"
-#include "platform/controls/internal/soft_shadow.hpp"
+#include "platform/controls/soft_shadow.hpp"
 #include "platform/controls/menu.hpp"
 
 #include <QPainter>

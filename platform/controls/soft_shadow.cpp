@@ -1,4 +1,4 @@
-#include "platform/controls/internal/soft_shadow.hpp"
+#include "platform/controls/soft_shadow.hpp"
 
 #include <algorithm>
 #include <cmath>
