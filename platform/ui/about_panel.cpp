@@ -31,7 +31,7 @@ QLabel* addLine(QVBoxLayout& column, const QString& text, const QFont& font) {
     label->setFont(font);
     label->setFixedWidth(textWidth);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    column.addWidget(label, 0, Qt::AlignHCenter);
+    column.addWidget(label);
     return label;
 }
 
@@ -76,20 +76,24 @@ AboutPanel::AboutPanel(const Bundle& bundle, const AboutPanelLook& look, QWidget
         addIcon(*column, bundle, devicePixelRatioF());
     }
     column->addSpacing(4);
+    auto* const texts = new QVBoxLayout;
+    texts->setContentsMargins(margin, 0, margin, 0);
+    texts->setSpacing(8);
+    column->addLayout(texts);
     const QFont small = systemFont(12, QFont::Medium, FontDesign::rounded);
-    addLine(*column, name,
+    addLine(*texts, name,
             look.nameFont.value_or(systemFont(18, QFont::Bold, FontDesign::rounded)));
-    addLine(*column,
+    addLine(*texts,
             //: %1 is the version, %2 the build number
             tr("Version %1 (%2)")
                 .arg(information("CFBundleShortVersionString"), information("CFBundleVersion")),
             small);
     const QByteArray credits = information("Credits").toUtf8();
     if (QLabel* const label = addLine(
-            *column, QCoreApplication::translate("Information", credits.constData()), small)) {
+            *texts, QCoreApplication::translate("Information", credits.constData()), small)) {
         label->setContentsMargins(0, 8, 0, 4);
     }
-    QLabel* const copyright = addLine(*column, information("NSHumanReadableCopyright"),
+    QLabel* const copyright = addLine(*texts, information("NSHumanReadableCopyright"),
                                       systemFont(11, QFont::Medium, FontDesign::rounded));
     if (copyright != nullptr) {
         copyright->setForegroundRole(QPalette::PlaceholderText);

@@ -31,14 +31,31 @@ class RootMessages {
           window_(window),
           root_(xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root) {}
 
+    /// The window comes to the desktop that the user is at.
+    void moveToCurrentDesktop() {
+        const std::unique_ptr<xcb_get_property_reply_t, void (*)(void*)> reply(
+            xcb_get_property_reply(connection_,
+                                   xcb_get_property(connection_, 0, root_,
+                                                    atom("_NET_CURRENT_DESKTOP"), XCB_ATOM_CARDINAL,
+                                                    0, 1),
+                                   nullptr),
+            &std::free);
+        if (reply != nullptr && xcb_get_property_value_length(reply.get()) == 4) {
+            xcb_client_message_event_t message = prepared("_NET_WM_DESKTOP", 32);
+            message.data.data32[0] =
+                *static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+            message.data.data32[1] = byTheUser;
+            send(message, toManager);
+        }
+    }
+
     /// The window manager may give the keyboard to it: this is the user's own wish, not that of a
     /// program which happens to run.
     void activate(xcb_timestamp_t time) {
-        constexpr std::uint32_t byTheUser = 2;
         xcb_client_message_event_t message = prepared("_NET_ACTIVE_WINDOW", 32);
         message.data.data32[0] = byTheUser;
         message.data.data32[1] = time;
-        send(message, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
+        send(message, toManager);
     }
 
     /// The other start will show no window: its pointer need not turn any longer.
@@ -55,6 +72,10 @@ class RootMessages {
     }
 
   private:
+    static constexpr std::uint32_t byTheUser = 2;
+    static constexpr std::uint32_t toManager =
+        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
+
     xcb_atom_t atom(const char* name) {
         const std::unique_ptr<xcb_intern_atom_reply_t, void (*)(void*)> reply(
             xcb_intern_atom_reply(
@@ -90,6 +111,7 @@ void bringForwardOnX11(const QWindow& window, const QByteArray& token) {
     RootMessages messages(x11->connection(), static_cast<xcb_window_t>(window.winId()));
     // A token ends with the time of the click that it is about.
     const qsizetype time = token.lastIndexOf("_TIME");
+    messages.moveToCurrentDesktop();
     messages.activate(time < 0 ? XCB_CURRENT_TIME : token.mid(time + 5).toUInt());
     if (!token.isEmpty()) {
         messages.endStart(token);

@@ -74,22 +74,26 @@ void WindowScene::setContent(QWidget* content) {
     content_->setParent(this);
     content_->lower();
     placeParts();
-    orderFocus();
 }
 
-/// Tab goes round; it starts in the content and comes to the window's own buttons last.
-void WindowScene::orderFocus() {
-    QWidget* last = nullptr;
-    for (QWidget* next = content_; next == content_ || content_->isAncestorOf(next);
-         next = next->nextInFocusChain()) {
-        last = next;
+/// Tab goes round: through the content, then through the window's own buttons.
+bool WindowScene::focusNextPrevChild(bool next) {
+    if (!hasFocus() || content_ == nullptr) {
+        return QWidget::focusNextPrevChild(next);
     }
-    for (QWidget* const button :
-         {static_cast<QWidget*>(menuButton_), static_cast<QWidget*>(minimiseButton_),
-          static_cast<QWidget*>(closeButton_)}) {
-        setTabOrder(last, button);
-        last = button;
+    if (!next) {
+        closeButton_->setFocus(Qt::BacktabFocusReason);
+        return true;
     }
+    for (QWidget* control = content_->nextInFocusChain(); content_->isAncestorOf(control);
+         control = control->nextInFocusChain()) {
+        if ((control->focusPolicy() & Qt::TabFocus) != 0 && control->isEnabled() &&
+            control->isVisibleTo(this)) {
+            control->setFocus(Qt::TabFocusReason);
+            return true;
+        }
+    }
+    return QWidget::focusNextPrevChild(next);
 }
 
 void WindowScene::setMenu(Menu* menu) {

@@ -44,6 +44,7 @@ class WindowScene final : public QWidget {
 
   protected:
     bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -57,7 +58,6 @@ class WindowScene final : public QWidget {
     void addShortcut(const QList<QKeySequence>& keys, const std::function<void()>& action,
                      Qt::ShortcutContext context = Qt::WindowShortcut);
     void placeParts();
-    void orderFocus();
     void followScreen();
     void fitScreen();
 

@@ -133,6 +133,8 @@ TEST_F(WindowSceneTest, OpensItsMenu) {
 }
 
 TEST_F(WindowSceneTest, TabGoesThroughTheContentFirst) {
+    EXPECT_TRUE(window.hasFocus()) << "a control has the focus that nobody gave it";
+    QTest::keyClick(&window, Qt::Key_Tab);
     EXPECT_TRUE(button->hasFocus());
     QStringList names;
     for (int i = 0; i < 3; ++i) {
