@@ -2,12 +2,16 @@
 
 #include "gallery/parts.hpp"
 #include "platform/assets/system_font.hpp"
+#include "platform/controls/accessible_role.hpp"
+#include "platform/controls/focus_ring.hpp"
 #include "platform/gpu/gpu_view.hpp"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QPainter>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -42,9 +46,12 @@ class RowDelegate final : public QStyledItemDelegate {
             painter->drawRoundedRect(QRectF(row.left() + 12, row.top() + 7, 3, row.height() - 14),
                                      1.5, 1.5);
         }
+        if (option.state.testFlag(QStyle::State_HasFocus)) {
+            platform::paintFocusRing(*painter, row.adjusted(12, 1, -12, -1), 4, option.palette);
+        }
         row.adjust(24, heading ? 8 : 0, -16, 0);
         painter->setFont(
-            platform::systemFont(heading ? 11 : 13, heading ? QFont::Medium : QFont::Normal));
+            platform::systemFont(heading ? 11 : 13, QFont::Medium, platform::FontDesign::rounded));
         painter->setPen(kitColor(heading ? "Grey 50%" : selected ? "Grey 100%" : "Grey 70%"));
         painter->drawText(row, Qt::AlignVCenter, index.data().toString());
         painter->restore();
@@ -53,6 +60,23 @@ class RowDelegate final : public QStyledItemDelegate {
   private:
     static bool isHeading(const QModelIndex& index) {
         return !index.flags().testFlag(Qt::ItemIsSelectable);
+    }
+};
+
+/// The names of the pages; the first and the last one by Home and End, past the headings.
+class PageList final : public QListWidget {
+  protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override {
+        if (action != MoveHome && action != MoveEnd) {
+            return QListWidget::moveCursor(action, modifiers);
+        }
+        const int step = action == MoveHome ? 1 : -1;
+        for (int i = action == MoveHome ? 0 : count() - 1; i >= 0 && i < count(); i += step) {
+            if (item(i)->flags().testFlag(Qt::ItemIsSelectable)) {
+                return indexFromItem(item(i));
+            }
+        }
+        return {};
     }
 };
 
@@ -74,9 +98,9 @@ QWidget* makePage(const Page& page) {
 
 } // namespace
 
-GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) {
+GalleryWindow::GalleryWindow() : list_(new PageList), area_(new QScrollArea) {
+    platform::setAccessibleRole(*this, QAccessible::Window);
     setWindowTitle(QStringLiteral("Gallery"));
-    platform::GpuHost::install(*this);
     QPalette palette = this->palette();
     palette.setColor(QPalette::Window, kitColor("Background/Darker"));
     palette.setColor(QPalette::Base, kitColor("Background/Darkest"));
@@ -99,10 +123,12 @@ GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) 
         if (item != nullptr) {
             const auto* const page =
                 static_cast<const Page*>(item->data(Qt::UserRole).value<const void*>());
-            area_->setWidget(makePage(*page));
+            open(*page);
         }
     });
 
+    // Nothing is done in it by keys but what this window does.
+    area_->setFocusPolicy(Qt::NoFocus);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     auto* const row = new QHBoxLayout(this);
@@ -112,6 +138,52 @@ GalleryWindow::GalleryWindow() : list_(new QListWidget), area_(new QScrollArea) 
     row->addWidget(area_, 1);
     show(pages().front());
     resize(wholePageSize().width() + 16, 780);
+}
+
+void GalleryWindow::open(const Page& page) {
+    delete area_->takeWidget(); // and its visuals, before the window changes
+    composeByGpu(page.hasVisual);
+    area_->setWidget(makePage(page));
+}
+
+/// Every frame of a window with a host is one of the GPU, whatever moves in it. The toolkit decides
+/// that when it makes the window.
+void GalleryWindow::composeByGpu(bool byGpu) {
+    if (byGpu == (host_ != nullptr)) {
+        return;
+    }
+    const bool isShown = isVisible();
+    const QRect place = geometry();
+    hide();
+    if (testAttribute(Qt::WA_WState_Created)) {
+        destroy();
+    }
+    delete host_;
+    if (byGpu) {
+        platform::GpuHost::install(*this);
+        host_ = findChild<platform::GpuHost*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    if (isShown) {
+        setGeometry(place);
+        QWidget::show();
+        activateWindow();
+    }
+}
+
+void GalleryWindow::keyPressEvent(QKeyEvent* event) {
+    QScrollBar* const bar = area_->verticalScrollBar();
+    switch (event->key()) {
+    case Qt::Key_PageUp:
+        return bar->triggerAction(QScrollBar::SliderPageStepSub);
+    case Qt::Key_PageDown:
+        return bar->triggerAction(QScrollBar::SliderPageStepAdd);
+    case Qt::Key_Home:
+        return bar->triggerAction(QScrollBar::SliderToMinimum);
+    case Qt::Key_End:
+        return bar->triggerAction(QScrollBar::SliderToMaximum);
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void GalleryWindow::show(const Page& page) {

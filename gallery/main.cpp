@@ -7,6 +7,7 @@
 #include "app/larkvox_app.hpp"
 #include "driftwood/bridges/bundle_asset_source.hpp"
 #include "gallery/gallery_window.hpp"
+#include "gallery/house_style.hpp"
 #include "platform/assets/bundle.hpp"
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/ui/appearance.hpp"
@@ -19,6 +20,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
 
 namespace {
 
@@ -49,6 +51,12 @@ int shoot(gallery::GalleryWindow& window, const QString& name, const QString& fi
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 2 && std::string_view(argv[1]) == "--list") { // without a display
+        for (const gallery::Page& page : gallery::pages()) {
+            std::printf("%s\n", qPrintable(page.identifier));
+        }
+        return 0;
+    }
     QApplication application(argc, argv);
     // In the program's language and with its icon.
     const platform::Bundle bundle(
@@ -56,18 +64,15 @@ int main(int argc, char** argv) {
     larkvox::prepareApplication(application, bundle);
     QApplication::setApplicationName(QStringLiteral("gallery"));
     platform::setAppearance(application, platform::Appearance::darkAqua);
+    const QPalette palette = QApplication::palette();
+    QApplication::setStyle(new gallery::HouseStyle); // owned by the application
+    QApplication::setPalette(palette);
     driftwood::installKitAssets();
     const platform::MainQueueDriver driver;
 
     QStringList arguments = QApplication::arguments();
     if (arguments.removeAll(QStringLiteral("--vulkan")) > 0) {
         platform::GpuDevice::setSystemApi(platform::GpuApi::vulkan);
-    }
-    if (arguments.value(1) == QStringLiteral("--list")) {
-        for (const gallery::Page& page : gallery::pages()) {
-            std::printf("%s\n", qPrintable(page.identifier));
-        }
-        return 0;
     }
     gallery::GalleryWindow window;
     if (arguments.value(1) == QStringLiteral("--shot") && arguments.size() == 4) {

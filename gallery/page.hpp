@@ -19,6 +19,7 @@ struct Page {
     std::function<void(QWidget&)> build; ///< puts the content into the widget, which has a column
     int width = 824;                     ///< points, with margins of 32 at both sides
     int settlingTime = 0;                ///< ms until a page that moves is worth a picture
+    bool hasVisual = false;              ///< drawn by the GPU: the window composites with it then
 };
 
 /// All pages, in the order of the list.

@@ -15,7 +15,7 @@ QColor kitColor(const char* name) {
 QLabel* makeLabel(const QString& text, double size, const char* color, QFont::Weight weight) {
     auto* const label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
-    label->setFont(platform::systemFont(size, weight));
+    label->setFont(platform::systemFont(size, weight, platform::FontDesign::rounded));
     QPalette palette = label->palette();
     palette.setColor(QPalette::WindowText, kitColor(color));
     label->setPalette(palette);

@@ -74,7 +74,8 @@ Page aboutPage() {
                 [](QWidget& view) {
                     static_cast<QBoxLayout&>(*view.layout()).addWidget(new AboutCard);
                 },
-            .settlingTime = visualSettlingTime};
+            .settlingTime = visualSettlingTime,
+            .hasVisual = true};
 }
 
 } // namespace gallery

@@ -119,7 +119,8 @@ Page colorShadersPage() {
                 [](QWidget& view) {
                     static_cast<QBoxLayout&>(*view.layout()).addWidget(new ShaderBoard);
                 },
-            .settlingTime = 300};
+            .settlingTime = 300,
+            .hasVisual = true};
 }
 
 } // namespace gallery

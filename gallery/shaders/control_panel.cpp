@@ -34,8 +34,9 @@ class Swatches final : public QWidget {
     }
 };
 
-QWidget* makeSlider(int value) {
+QWidget* makeSlider(const char* name, int value) {
     auto* const slider = new QSlider(Qt::Horizontal);
+    slider->setAccessibleName(QString::fromLatin1(name));
     slider->setRange(0, 100);
     slider->setValue(value);
     return slider;
@@ -55,7 +56,8 @@ QWidget* makeControlPanel() {
     column->addWidget(makeLabel(QStringLiteral("Night choir"), 16, "Grey 85%", QFont::Medium));
     column->addWidget(new Swatches);
     auto* const name = new QLineEdit(QStringLiteral("Any text"));
-    name->setFont(platform::systemFont(13, QFont::Normal));
+    name->setAccessibleName(QStringLiteral("Name"));
+    name->setFont(platform::systemFont(13, QFont::Medium, platform::FontDesign::rounded));
     column->addWidget(name);
     auto* const boxes = new QHBoxLayout;
     for (const char* const title : {"Loop", "Sync"}) {
@@ -65,8 +67,8 @@ QWidget* makeControlPanel() {
     }
     boxes->addStretch(1);
     column->addLayout(boxes);
-    column->addWidget(makeSlider(35));
-    column->addWidget(makeSlider(70));
+    column->addWidget(makeSlider("Breath", 35));
+    column->addWidget(makeSlider("Width", 70));
     column->addStretch(1);
     auto* const buttons = new QHBoxLayout;
     for (const char* const title : {"Cancel", "Save"}) {

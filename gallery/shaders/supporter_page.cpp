@@ -82,7 +82,8 @@ Page supporterPage() {
                 [](QWidget& view) {
                     static_cast<QBoxLayout&>(*view.layout()).addWidget(new SupporterCard);
                 },
-            .settlingTime = visualSettlingTime};
+            .settlingTime = visualSettlingTime,
+            .hasVisual = true};
 }
 
 } // namespace gallery

@@ -18,8 +18,11 @@ class VisualStage : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
+    void place();
+
     QWidget* view_ = nullptr;
 };
 

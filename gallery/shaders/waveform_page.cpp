@@ -23,7 +23,8 @@ Page waveformPage() {
                     card->column().addWidget(stage);
                     static_cast<QBoxLayout&>(*view.layout()).addWidget(card);
                 },
-            .settlingTime = visualSettlingTime};
+            .settlingTime = visualSettlingTime,
+            .hasVisual = true};
 }
 
 } // namespace gallery
