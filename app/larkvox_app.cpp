@@ -45,7 +45,6 @@ std::unique_ptr<platform::WindowScene> LarkvoxApp::makeWindow(const platform::Bu
     QPalette palette = window->palette();
     palette.setColor(QPalette::Window, bundle.assets().color(QStringLiteral("background")));
     window->setPalette(palette);
-    platform::GpuHost::install(*window);
     window->setContent(new ContentView(180, bundle));
 
     auto* const menu = new platform::Menu(QStringLiteral("Larkvox"));
@@ -58,6 +57,8 @@ std::unique_ptr<platform::WindowScene> LarkvoxApp::makeWindow(const platform::Bu
         }
     });
     window->setMenu(menu);
+    // Last: by now the driver that it asks for has been loaded beside the rest.
+    platform::GpuHost::install(*window);
     return window;
 }
 
@@ -118,8 +119,11 @@ void prepareApplication(QApplication& application, const platform::Bundle& bundl
     QCoreApplication::setApplicationVersion(
         bundle.information(QStringLiteral("CFBundleShortVersionString")));
     QGuiApplication::setDesktopFileName(QStringLiteral("larkvox"));
-    // The first frame does not need it.
-    QTimer::singleShot(iconDelay, &application, [&bundle] { setIcon(bundle); });
+    // The first frame does not need it; the time counts from when events run, however long it takes
+    // until then.
+    QTimer::singleShot(0, &application, [&application, &bundle] {
+        QTimer::singleShot(iconDelay, &application, [&bundle] { setIcon(bundle); });
+    });
 }
 
 } // namespace larkvox

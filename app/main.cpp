@@ -1,6 +1,7 @@
 #include "app/larkvox_app.hpp"
 #include "app/resource_bundle_class.hpp"
 #include "app/update_identity.hpp"
+#include "platform/gpu/gpu_device.hpp"
 #include "platform/system/process.hpp"
 #include "platform/system/sole_start.hpp"
 #include "platform/ui/bring_forward.hpp"
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
     // No update may remove the files of this version while it runs.
     const updates::RunningCopy copy(platform::programFile());
     QApplication application(argc, argv);
+    platform::GpuDevice::prepareSystemDefault();
     const platform::MainQueueDriver driver;
     platform::installLocaleServices();
     const platform::Bundle& bundle = larkvox::ResourceBundleClass::bundle();

@@ -81,7 +81,7 @@ QByteArray manifest(const QString& bundle, const std::vector<Drawing>& drawings)
     }
     const QJsonObject root{
         {"images", images}, {"colors", colors}, {"fonts", fonts}, {"faces", named}};
-    return QJsonDocument(root).toJson(QJsonDocument::Indented);
+    return QJsonDocument(root).toJson(QJsonDocument::Compact);
 }
 
 QString writeIfChanged(const QString& path, const QByteArray& bytes) {

@@ -3,8 +3,11 @@
 #include "platform/gpu/qrhi_private.hpp"
 
 #include <QOffscreenSurface>
+#include <QOpenGLContext>
 
+#include <future>
 #include <optional>
+#include <thread>
 #include <vector>
 
 namespace platform {
@@ -25,6 +28,17 @@ std::vector<GpuApi> candidates() {
     // OpenGL first: ending a frame waits far less there on the software drivers.
     return {GpuApi::openGL, GpuApi::vulkan};
 #endif
+}
+
+bool canShowWindowsByGpu() {
+    // Without this the window would crash when it is first shown.
+    return QGuiApplicationPrivate::platformIntegration()->hasCapability(
+        QPlatformIntegration::RhiBasedRendering);
+}
+
+std::future<void>& preparation() {
+    static std::future<void> running; // waited for at the end at the latest
+    return running;
 }
 
 FrameResult toFrameResult(QRhi::FrameOpResult result) {
@@ -86,11 +100,27 @@ bool GpuDevice::start() {
            rhi_->isTextureFormatSupported(QRhiTexture::RGBA16F, QRhiTexture::RenderTarget);
 }
 
+void GpuDevice::prepareSystemDefault() {
+    // Elsewhere nobody has tried whether another thread may touch the driver so early; asking the
+    // toolkit would load it here. Without a second processor it would only be in the way.
+    if (QGuiApplication::platformName() != QLatin1String("xcb") ||
+        std::thread::hardware_concurrency() < 2 || candidates().front() != GpuApi::openGL ||
+        !canShowWindowsByGpu()) {
+        return;
+    }
+    preparation() = std::async(std::launch::async, [] {
+        // The first context loads the driver, which is most of what a device costs.
+        QOpenGLContext context;
+        context.create();
+    });
+}
+
 std::shared_ptr<GpuDevice> GpuDevice::systemDefault() {
     static const std::shared_ptr<GpuDevice> device = []() -> std::shared_ptr<GpuDevice> {
-        // Without this the window would crash when it is first shown.
-        if (!QGuiApplicationPrivate::platformIntegration()->hasCapability(
-                QPlatformIntegration::RhiBasedRendering)) {
+        if (preparation().valid()) {
+            preparation().wait();
+        }
+        if (!canShowWindowsByGpu()) {
             return nullptr;
         }
         for (const GpuApi api : candidates()) {

@@ -25,6 +25,10 @@ class GpuDevice {
     /// use) has none that works. Found by really starting one, at the first call.
     static std::shared_ptr<GpuDevice> systemDefault();
 
+    /// Begins to load what `systemDefault` needs, beside whatever the program does until it asks.
+    /// Once, after the application object is made.
+    static void prepareSystemDefault();
+
     /// Lets `systemDefault` look for this interface only. Before its first call.
     static void setSystemApi(GpuApi api);
 
