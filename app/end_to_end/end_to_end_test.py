@@ -145,7 +145,15 @@ class Program:
         self.press("Check for Updates…")
 
     def dialog(self, title, seconds=60):
-        return wait(lambda: self.find(title, pyatspi.ROLE_DIALOG), seconds, f"the dialog \"{title}\"")
+        try:
+            return wait(lambda: self.find(title, pyatspi.ROLE_DIALOG), seconds, f"the dialog \"{title}\"")
+        except AssertionError as error:
+            raise AssertionError(f"{error}; shown: {self.shown()}") from None
+
+    def shown(self):
+        """What else there is, where something was missed."""
+        return [(node.getRoleName(), node.name, node.description, node.getState().contains(pyatspi.STATE_SHOWING))
+                for app in self.applications() for node in app] or self.processes()
 
     def end(self):
         for process in self.processes():
