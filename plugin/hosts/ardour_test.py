@@ -48,8 +48,8 @@ class ArdourTest(unittest.TestCase):
                 pass
         self.fail("three exports did not end")
 
-    def test_automation_is_heard_the_same_in_every_export(self):
-        folder = self.desk.place / "session"
+    def sung(self, folder):
+        """What two exports of a new session sound like."""
         self.desk.run("ardour7-lua", HERE / "ardour_session.lua", folder, "sung", PLUGIN)
         session = folder / "sung.ardour"
         text = session.read_text()
@@ -58,14 +58,23 @@ class ArdourTest(unittest.TestCase):
         session.write_text(text.replace("<Locations/>", RANGE))
         exports = []
         for number in range(2):
-            file = self.desk.place / f"{number}.wav"
+            file = folder / f"{number}.wav"
             self.export(folder, file)
             exports.append(samples(file))
         self.assertEqual(len(exports[0]), RATE * SECONDS)
         self.assertTrue(exports[0] == exports[1], "two exports differ")
+        if not any(exports[0]):
+            print(f"{folder.name} is silent: {text}", file=sys.stderr, flush=True)
+        return exports[0]
+
+    def test_automation_is_heard_the_same_in_every_export(self):
+        # The host has been seen to save a session before all of it was there.
+        sound = self.sung(self.desk.place / "first")
+        if not any(sound):
+            sound = self.sung(self.desk.place / "second")
         # Four octaves up in five seconds, from 27.5 Hz.
         for second in range(SECONDS):
-            part = exports[0][second * RATE:(second + 1) * RATE]
+            part = sound[second * RATE:(second + 1) * RATE]
             expected = sum(27.5 * 2 ** (4 * (second + i / 100) / SECONDS) for i in range(100)) / 100
             self.assertAlmostEqual(crossings(part) / expected, 1, delta=0.15, msg=f"second {second}")
 
