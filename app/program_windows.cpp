@@ -85,7 +85,7 @@ class UnopenedPage final : public QDialog {
         column->addWidget(makeLine(title, 15, QFont::Bold));
         column->addWidget(makeLine(text, 13, QFont::Medium));
         auto* const field = new AddressField(address);
-        field->setFixedWidth(400);
+        field->setMinimumWidth(400);
         field->edit().setAccessibleName(tr("Address"));
         column->addWidget(field);
         column->addSpacing(8);
