@@ -1,15 +1,12 @@
 #include "fernhorn/buttons/parameter_press.hpp"
 #include "fernhorn/testing/test_parameter.hpp"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <functional>
 
 namespace fernhorn {
 namespace {
-
-using testing::ElementsAre;
-using testing::Pair;
 
 class ParameterPressTest : public testing::Test {
   protected:
@@ -67,7 +64,7 @@ TEST_F(ParameterPressTest, ChoosingTheValueAgainOnlyTouches) {
     press.follow(PressStep::began);
     queue.drain();
     press.follow(PressStep::clicked);
-    EXPECT_THAT(events, ElementsAre(Pair(1, 2), Pair(2, 2)));
+    EXPECT_EQ(events, (AutomationEvents{{1, 2}, {2, 2}}));
 }
 
 TEST_F(ParameterPressTest, TwoClicksInOneBurstOfEventsAreTwo) {

@@ -109,7 +109,7 @@ TEST_F(Dials, AutomationReplacesWhatIsTyped) {
     setByHost(0.75F);
     EXPECT_EQ(field(dial).text(), QStringLiteral("0.8"));
     EXPECT_FALSE(field(dial).hasSelectedText());
-    EXPECT_FALSE(turnWheel(dial, 120)); // the page's, not the knob's
+    EXPECT_FALSE(platform::testing::sendWheel(dial, 120)); // the page's, not the knob's
     EXPECT_EQ(value(), 0.75F);
     EXPECT_TRUE(dial.isEditing());
 }

@@ -133,8 +133,9 @@ struct Rig {
 
 // One random operation on both.
 void step(Rig& rig, PlainModel& model, std::mt19937& random) {
+    using Limits = std::numeric_limits<float>;
     static constexpr float values[] = {
-        0, 0.25F, 0.5F, 1, -3, 7, std::numeric_limits<float>::quiet_NaN()};
+        0, 0.25F, 0.5F, 1, -3, 7, Limits::quiet_NaN(), -Limits::infinity(), Limits::denorm_min()};
     const float value = values[random() % std::size(values)];
     const bool isDrag = random() % 2 == 0;
     auto& gesture = isDrag ? rig.drag : rig.press;

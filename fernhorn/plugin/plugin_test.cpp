@@ -5,6 +5,7 @@
 #include "fernhorn/plugin/host_edits.hpp"
 #include "fernhorn/plugin/host_text.hpp"
 #include "fernhorn/plugin/render_events.hpp"
+#include "fernhorn/testing/recording_unit.hpp"
 #include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
@@ -21,15 +22,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Kind = HostEdit::Kind;
 using Unit = platform::AudioUnitParameterUnit;
-
-class RecordingUnit final : public FernAudioUnit {
-  public:
-    using FernAudioUnit::FernAudioUnit;
-    void setParameter(platform::AUParameterAddress address, float value) override {
-        values.emplace_back(address, value);
-    }
-    std::vector<std::pair<platform::AUParameterAddress, float>> values;
-};
 
 class PluginTest : public testing::Test {
   protected:

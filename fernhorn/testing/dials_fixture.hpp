@@ -7,10 +7,6 @@
 #include "fernhorn/testing/test_parameter.hpp"
 #include "platform/testing/window_testing.hpp"
 
-#include <QCoreApplication>
-#include <QMouseEvent>
-#include <QWheelEvent>
-
 #include <gtest/gtest.h>
 
 namespace fernhorn {
@@ -77,23 +73,5 @@ class Dials : public testing::Test {
         return *found;
     }
 };
-
-/// A pointer event that Qt Test has none for.
-inline void move(QWidget& widget, QPoint to, Qt::KeyboardModifiers modifiers = {},
-                 Qt::MouseButtons buttons = Qt::LeftButton) {
-    QMouseEvent event(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, buttons,
-                      modifiers);
-    QCoreApplication::sendEvent(&widget, &event);
-}
-
-/// True when the wheel was taken.
-inline bool turnWheel(QWidget& widget, int angle) {
-    const QPoint at = widget.rect().center();
-    QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    event.ignore();
-    QCoreApplication::sendEvent(&widget, &event);
-    return event.isAccepted();
-}
 
 } // namespace fernhorn

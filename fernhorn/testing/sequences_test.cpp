@@ -4,13 +4,12 @@
 #include "fernhorn/dials/dial.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/testing/test_parameter.hpp"
+#include "platform/testing/window_testing.hpp"
 
 #include <QApplication>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QLoggingCategory>
-#include <QMouseEvent>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -18,6 +17,11 @@
 
 namespace fernhorn {
 namespace {
+
+using platform::testing::sendEvent;
+using platform::testing::sendKey;
+using platform::testing::sendMouse;
+using platform::testing::sendWheel;
 
 /// A million with LARKVOX_LONG_TESTS set.
 int sequences() {
@@ -97,23 +101,18 @@ class Disorder {
         }
     }
 
-    void addButtons(const std::shared_ptr<AudioParameter>& parameter) {
+    void addButtons(const std::shared_ptr<AudioParameter>& p) {
         constexpr QSizeF size(40, 20);
         const auto* const pad = resourceBundle().assets().image(QStringLiteral("hold-pad"));
-        add(new ParameterHoldButton(parameter, pad, pad));
-        switch (pick(6)) {
-        case 0:
-            return add(new ChaosToggleButton(parameter, 1, ChaosButtonColor::yellow, size));
-        case 1:
-            return add(new ModeToggleButton(parameter, 2, ToggleButtonStyle::retro, 12, {}, size));
-        case 2:
-            return add(new ToggleButton(parameter, {}, 12, {}, size));
-        case 3:
-            return add(new LeftRightArrowButton(parameter, 1, size));
-        case 4:
-            return add(new ChaosToggleButtonNarrow(parameter, {}, size));
-        default:
-            return;
+        const std::function<QWidget*()> kinds[] = {
+            [&] { return new ChaosToggleButton(p, 1, ChaosButtonColor::yellow, size); },
+            [&] { return new ModeToggleButton(p, 2, ToggleButtonStyle::retro, 12, {}, size); },
+            [&] { return new ToggleButton(p, {}, 12, {}, size); },
+            [&] { return new LeftRightArrowButton(p, 1, size); },
+            [&] { return new ChaosToggleButtonNarrow(p, {}, size); }};
+        add(new ParameterHoldButton(p, pad, pad));
+        if (const int kind = pick(6); kind < 5) {
+            add(kinds[kind]());
         }
     }
 
@@ -123,74 +122,58 @@ class Disorder {
         control->show();
     }
 
-    void send(QWidget* control, QEvent& event) {
-        addressed_ = event.isInputEvent() ? control : nullptr; // none may go while being hidden
-        QCoreApplication::sendEvent(control, &event);
+    /// To any control, which may go meanwhile.
+    template<class Send>
+    void toOne(Send send) {
+        addressed_ = target();
+        send(*addressed_);
         addressed_ = nullptr;
     }
     void mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
         const QPointF point(pick(60) - 10, pick(80) - 20);
         const auto modifiers = pick(4) == 0 ? Qt::AltModifier : Qt::NoModifier;
-        QMouseEvent event(type, point, point, point, button, held, modifiers);
-        send(target(), event);
-    }
-    void wheel() {
-        QWheelEvent event({5, 5}, {5, 5}, {}, {0, pick(400) - 200}, Qt::NoButton, Qt::NoModifier,
-                          pick(5) == 0 ? Qt::ScrollMomentum : Qt::NoScrollPhase, pick(2) == 0);
-        send(target(), event);
+        toOne([&](QWidget& control) { sendMouse(control, type, point, button, held, modifiers); });
     }
     void key(QEvent::Type type) {
         constexpr Qt::Key keys[] = {Qt::Key_Up,     Qt::Key_PageDown, Qt::Key_End,
                                     Qt::Key_Down,   Qt::Key_Delete,   Qt::Key_Return,
                                     Qt::Key_Escape, Qt::Key_Space};
-        QKeyEvent event(type, keys[pick(8)], pick(8) == 0 ? Qt::ControlModifier : Qt::NoModifier,
-                        {}, pick(8) == 0);
-        QWidget* const control = target();
-        auto* const field = control->findChild<QLineEdit*>();
-        if (field != nullptr) {
-            QCoreApplication::sendEvent(field, &event);
-        } else {
-            send(control, event);
-        }
+        const auto modifiers = pick(8) == 0 ? Qt::ControlModifier : Qt::NoModifier;
+        toOne([&](QWidget& control) {
+            auto* const field = control.findChild<QLineEdit*>();
+            addressed_ = field != nullptr ? nullptr : addressed_;
+            sendKey(field != nullptr ? *field : control, type, keys[pick(8)], modifiers,
+                    pick(8) == 0);
+        });
     }
 
     void step(AudioParameter& parameter) {
         const auto button = pick(4) == 0 ? Qt::RightButton : Qt::LeftButton;
-        switch (pick(18)) {
-        case 0:
-        case 1:
-        case 2:
-            return mouse(QEvent::MouseButtonPress, button, button);
-        case 3:
-            return mouse(QEvent::MouseButtonDblClick, button, button);
-        case 4:
-        case 5:
-        case 6:
-            return mouse(QEvent::MouseMove, Qt::NoButton,
-                         pick(6) == 0 ? Qt::NoButton : Qt::LeftButton);
-        case 7:
-        case 8:
-            return mouse(QEvent::MouseButtonRelease, button, Qt::NoButton);
-        case 9:
-            return wheel();
-        case 10:
-        case 11:
-            return key(QEvent::KeyPress);
-        case 12:
-            return key(QEvent::KeyRelease);
-        case 13: {
+        const int what = pick(18);
+        if (what < 4) {
+            mouse(what == 0 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress, button,
+                  button);
+        } else if (what < 7) {
+            mouse(QEvent::MouseMove, Qt::NoButton, pick(6) == 0 ? Qt::NoButton : Qt::LeftButton);
+        } else if (what < 9) {
+            mouse(QEvent::MouseButtonRelease, button, Qt::NoButton);
+        } else if (what < 10) {
+            toOne([&](QWidget& control) {
+                sendWheel(control, pick(400) - 200,
+                          pick(5) == 0 ? Qt::ScrollMomentum : Qt::NoScrollPhase, pick(2) == 0);
+            });
+        } else if (what < 13) {
+            key(what < 12 ? QEvent::KeyPress : QEvent::KeyRelease);
+        } else if (what < 14) {
             QFocusEvent event(pick(2) == 0 ? QEvent::FocusIn : QEvent::FocusOut);
-            return send(target(), event);
-        }
-        case 14: {
-            QEvent event(pick(2) == 0 ? QEvent::WindowDeactivate : QEvent::UngrabMouse);
-            return send(target(), event);
-        }
-        case 15:
-            return (pick(2) == 0 ? target() : &window_)->setEnabled(pick(2) == 0);
-        case 16:
-            return vanish();
-        default:
+            QCoreApplication::sendEvent(target(), &event);
+        } else if (what < 15) {
+            sendEvent(*target(), pick(2) == 0 ? QEvent::WindowDeactivate : QEvent::UngrabMouse);
+        } else if (what < 16) {
+            (pick(2) == 0 ? target() : &window_)->setEnabled(pick(2) == 0);
+        } else if (what < 17) {
+            vanish();
+        } else {
             parameter.setValue(static_cast<float>(pick(5)), fromUnit, change);
             queue_.drain();
         }
