@@ -3,7 +3,7 @@
 #include "fernhorn/buttons/parameter_buttons.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/testing/event_host.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 #include "platform/assets/image_painter.hpp"
 #include "platform/testing/window_testing.hpp"
 
@@ -30,22 +30,14 @@ const platform::ImageAsset* image(const char* name) {
     return resourceBundle().assets().image(QString::fromLatin1(name));
 }
 
-class ParameterButtons : public testing::Test {
+class ParameterButtons : public WithParameter {
   protected:
-    core::MainQueue queue;
     QWidget window;
-    std::shared_ptr<AudioParameter> parameter;
-    AutomationEvents events;
 
     static void SetUpTestSuite() { resourceBundle().assets().registerFonts(); }
     void SetUp() override { window.resize(400, 200); }
-    void makeParameter(TestParameter what) {
-        parameter = what.on(queue);
-        events.clear();
-        recordEvents(*parameter, events);
-    }
     void makeIndexed(float value = 0) {
-        makeParameter({.range = {0, 2}, .defaultValue = value, .valueStrings = waves});
+        use({.range = {0, 2}, .defaultValue = value, .valueStrings = waves});
     }
     template<class Button>
     Button& place(Button* button, QPoint at = {10, 10}) {
@@ -57,10 +49,6 @@ class ParameterButtons : public testing::Test {
     }
     ChaosToggleButton& placeChaos(int index, QPoint at = {10, 10}) {
         return place(new ChaosToggleButton(parameter, index, yellow, size), at);
-    }
-    void setByHost(float value) {
-        parameter->setValue(value, fromUnit, change);
-        queue.drain();
     }
 };
 
@@ -155,7 +143,7 @@ TEST_F(ParameterButtons, ShowTheImageOfTheirState) {
          {},
          {"chaos-button-yellow", {}, "chaos-button-yellow-down"}},
     };
-    makeParameter({.range = {-1, 2}});
+    use({.range = {-1, 2}});
     for (const auto& [make, off, on, images] : cases) {
         const std::unique_ptr<PressButton> button(make());
         EXPECT_EQ(button->size(), button->buttonSize().toSize());
@@ -254,7 +242,7 @@ TEST_F(ParameterButtons, EveryEndOfAPressClosesItsTouch) {
 }
 
 TEST_F(ParameterButtons, AHoldButtonIsOneWhileHeldByMouseOrKey) {
-    makeParameter({.defaultValue = 1});
+    use({.defaultValue = 1});
     auto& button =
         place(new ParameterHoldButton(parameter, image("hold-pad"), image("hold-pad-down")));
     const auto expectHeld = [&](bool isHeld) {
@@ -283,7 +271,7 @@ TEST_F(ParameterButtons, AHoldButtonIsOneWhileHeldByMouseOrKey) {
 }
 
 TEST_F(ParameterButtons, KeysThatPressNothingAndOtherMouseButtonsGoOnToTheHost) {
-    makeParameter({});
+    use({});
     EventHost host;
     auto& button = *new ToggleButton(parameter, {}, 13, Qt::white, size, &host);
     host.show();
@@ -367,7 +355,7 @@ TEST_F(ParameterButtons, CallbacksKnowTheOptionKeyAndMayEndTheirButton) {
 }
 
 TEST_F(ParameterButtons, TheFocusRingIsForTheKeyboard) {
-    makeParameter({});
+    use({});
     auto& button = place(new ToggleButton(parameter, QString(), 13, Qt::white, {60, 27}));
     const QImage plain = pictureOf(button);
     button.setFocus(Qt::MouseFocusReason);

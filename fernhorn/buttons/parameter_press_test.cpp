@@ -1,5 +1,5 @@
 #include "fernhorn/buttons/parameter_press.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 
 #include <gtest/gtest.h>
 
@@ -8,17 +8,9 @@
 namespace fernhorn {
 namespace {
 
-class ParameterPressTest : public testing::Test {
+class ParameterPressTest : public WithParameter {
   protected:
-    core::MainQueue queue;
-    std::shared_ptr<AudioParameter> parameter;
-    AutomationEvents events;
-
-    void makeParameter(float value) {
-        parameter = TestParameter{.range = {0, 3}, .defaultValue = value}.on(queue);
-        events.clear();
-        recordEvents(*parameter, events);
-    }
+    void makeParameter(float value) { use({.range = {0, 3}, .defaultValue = value}); }
 };
 
 TEST_F(ParameterPressTest, WritesWhatItsEditSaysBetweenOneTouchAndOneRelease) {

@@ -1,5 +1,5 @@
 #include "fernhorn/dials/knob_gestures.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 
 #include <gmock/gmock.h>
 
@@ -14,23 +14,10 @@ using Units = platform::AudioUnitParameterUnit;
 
 constexpr KnobFeel chaos{6, 0.005F};
 
-class KnobGestures : public testing::Test {
+class KnobGestures : public WithParameter {
   protected:
-    core::MainQueue queue;
-    std::shared_ptr<AudioParameter> parameter;
-    AutomationEvents events;
-
-    void use(TestParameter what) {
-        parameter = what.on(queue);
-        events.clear();
-        recordEvents(*parameter, events);
-    }
     void useIndexed(float value) {
         use({.units = Units::indexed, .range = {0, 3}, .defaultValue = value});
-    }
-    float value() {
-        queue.drain();
-        return parameter->value();
     }
 };
 
@@ -152,14 +139,22 @@ TEST_F(KnobGestures, WhoeverHearsOfAnEditMayDestroyIt) {
                 drag.reset();
             }
         });
-        KnobDrag& used = *drag;
-        used.press({0, 0}, 1, false);
-        used.move({0, -10}, false);
-        if (drag != nullptr) {
-            used.move({0, -20}, false);
-        }
-        if (drag != nullptr) {
-            used.release({0, -20});
+        const std::function<void(KnobDrag&)> steps[] = {[](auto& it) {
+                                                            it.press({0, 0}, 1, false);
+                                                        },
+                                                        [](auto& it) {
+                                                            it.move({0, -10}, false);
+                                                        },
+                                                        [](auto& it) {
+                                                            it.move({0, -20}, false);
+                                                        },
+                                                        [](auto& it) {
+                                                            it.release({0, -20});
+                                                        }};
+        for (const auto& step : steps) {
+            if (drag != nullptr) {
+                step(*drag);
+            }
         }
         EXPECT_EQ(drag, nullptr);
         EXPECT_EQ(events.front().first, 1);

@@ -1,5 +1,5 @@
 #include "fernhorn/model/parameter_gesture.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,12 +12,9 @@ namespace {
 using testing::ElementsAre;
 using testing::Pair;
 
-class ParameterGestureTest : public testing::Test {
+class ParameterGestureTest : public WithParameter {
   protected:
-    core::MainQueue queue;
-    std::shared_ptr<AudioParameter> parameter = TestParameter{.defaultValue = 0.5F}.on(queue);
-    AutomationEvents events;
-    void SetUp() override { recordEvents(*parameter, events); }
+    void SetUp() override { use({.defaultValue = 0.5F}); }
 };
 
 TEST_F(ParameterGestureTest, SendsOneReleaseHoweverItEnds) {
