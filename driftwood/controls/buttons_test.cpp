@@ -142,56 +142,30 @@ TEST(Buttons, AreSetUpOnceAndComplete) {
     EXPECT_EQ(button.setUps, 1);
 }
 
-template<class Base>
-class CountingPaints final : public Base {
-  public:
-    using Base::Base;
-    int paints = 0;
-
-  protected:
-    void paintEvent(QPaintEvent* event) override {
-        ++paints;
-        Base::paintEvent(event);
-    }
-};
-
+// How style followers go on is tested with them; here, that buttons are some.
 TEST(Buttons, AreRepaintedOnceWhenTheStyleOfTheirClassChanges) {
-    QWidget window;
-    window.resize(800, 600);
-    std::vector<std::unique_ptr<CountingPaints<StyledButton>>> buttons;
-    for (int i = 0; i < 200; ++i) {
-        auto& button = *buttons.emplace_back(
-            std::make_unique<CountingPaints<StyledButton>>(QStringLiteral("A"), &window));
-        button.setGeometry(i % 20 * 40, i / 20 * 24, 40, 24);
-    }
-    CountingPaints<KestrelPushButton> other(QStringLiteral("A"), &window);
-    other.setGeometry(700, 550, 60, 32);
-    showActive(window);
-    buttons.front()->hide(); // what is not seen is not painted, and what is gone not told
-    buttons.erase(buttons.begin() + 1);
-    const auto expectPaints = [&](int paints, const std::function<void()>& restyle) {
-        runFor(20);
-        for (auto& button : buttons) {
-            button->paints = 0;
+    class CountingButton final : public StyledButton {
+      public:
+        using StyledButton::StyledButton;
+        int paints = 0;
+
+      protected:
+        void paintEvent(QPaintEvent* event) override {
+            ++paints;
+            StyledButton::paintEvent(event);
         }
-        other.paints = 0;
-        restyle();
-        runFor(20);
-        for (std::size_t i = 0; i < buttons.size(); ++i) {
-            EXPECT_EQ(buttons[i]->paints, i == 0 ? 0 : paints) << i;
-        }
-        EXPECT_EQ(other.paints, 0);
-    };
+    } button(QStringLiteral("A"));
+    showActive(button);
     auto& style = StyledButtonCell::style();
-    const Color before = style.textColor();
-    expectPaints(1, [&] { style.setTextColor(makeColor(Qt::red)); });
-    expectPaints(0, [&] { style.setTextColor(makeColor(Qt::red)); }); // nothing new
-    expectPaints(1, [&] {
-        const StyleEdit edit(style);
-        style.setTextColor(before);
-        style.setTitleEdgeInsets({1, 1, 1, 1});
-        style.setTitleEdgeInsets({});
-    });
+    const auto before = style.textColor();
+    for (const auto& [color, paints] :
+         {std::pair(makeColor(Qt::red), 1), {makeColor(Qt::red), 0}, {before, 1}}) {
+        runFor(20);
+        button.paints = 0;
+        style.setTextColor(color);
+        runFor(20);
+        EXPECT_EQ(button.paints, paints);
+    }
 }
 
 } // namespace
