@@ -17,5 +17,14 @@ lane:alist():add(Temporal.timepos_t(0), -2400, false, true)
 lane:alist():add(Temporal.timepos_t(240000), 2400, false, true)
 lane:set_automation_state(ARDOUR.AutoState.Play)
 ARDOUR.LuaAPI.set_processor_param(plugin, soloParameter, 1)
+-- Other threads connect the track and set the value, and on a busy machine not at once.
+local function isReady()
+  return track:output():audio(0):connected() and ARDOUR.LuaAPI.get_processor_param(plugin, soloParameter) == 1
+end
+for _ = 1, 200 do
+  if isReady() then break end
+  ARDOUR.LuaAPI.usleep(50000)
+end
+assert(isReady(), "the oscillator is not heard alone on the way out")
 session:save_state("", false, false, false, false, false)
 close_session()
