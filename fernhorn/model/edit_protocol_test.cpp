@@ -29,10 +29,10 @@ struct Rig {
     std::shared_ptr<AudioParameter> parameter = TestParameter{}.on(queue);
     std::shared_ptr<SilentUnit> unit = std::make_shared<SilentUnit>();
     std::shared_ptr<ParameterSettings> settings = std::make_shared<ParameterSettings>();
+    AutomationEvents events; // told until the gestures have gone
+    std::vector<float> notified;
     std::optional<ParameterGesture> drag;
     std::optional<ParameterGesture> press;
-    AutomationEvents events;
-    std::vector<float> notified;
     core::Subscription subscription =
         parameter->observeValue([this](float value) { notified.push_back(value); });
 
