@@ -86,6 +86,7 @@ TEST(ButtonStyles, PaintTheirLabelOverTheBezelOfTheirState) {
             QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, {80, 30});
             expectLook(button, "dwk-button-down", "Grey 50%", opacity);
             QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, {80, 30});
+            QTest::mouseMove(window.windowHandle(), {2, 2}); // under the pointer it is lighter
             expectLook(button, "dwk-button", "Grey 85%", opacity);
             EXPECT_EQ(clicks, button.isEnabled() ? 1 : 0);
             QObject::disconnect(connection);
