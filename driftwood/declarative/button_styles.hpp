@@ -5,7 +5,8 @@
 namespace driftwood {
 
 /// What both styles share: a label over one of the kit's two bezels, chosen by whether the button
-/// is pressed, a little lighter under the pointer. 24 points high; the bezel reaches two points beyond its place at either side.
+/// is pressed, a little lighter under the pointer. 24 points high; the bezel reaches two points
+/// beyond its place at either side.
 class BezelButtonStyle : public platform::ButtonStyle {
   public:
     [[nodiscard]] double height() const final { return 24; }

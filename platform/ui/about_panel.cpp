@@ -81,8 +81,7 @@ AboutPanel::AboutPanel(const Bundle& bundle, const AboutPanelLook& look, QWidget
     texts->setSpacing(8);
     column->addLayout(texts);
     const QFont small = systemFont(12, QFont::Medium, FontDesign::rounded);
-    addLine(*texts, name,
-            look.nameFont.value_or(systemFont(18, QFont::Bold, FontDesign::rounded)));
+    addLine(*texts, name, look.nameFont.value_or(systemFont(18, QFont::Bold, FontDesign::rounded)));
     addLine(*texts,
             //: %1 is the version, %2 the build number
             tr("Version %1 (%2)")

@@ -1,8 +1,8 @@
 #include "platform/controls/internal/menu_look.hpp"
 
 #include "platform/assets/system_font.hpp"
-#include "platform/controls/soft_shadow.hpp"
 #include "platform/controls/menu.hpp"
+#include "platform/controls/soft_shadow.hpp"
 
 #include <QPainter>
 #include <QPainterPath>
