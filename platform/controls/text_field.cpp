@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -293,11 +294,15 @@ QLineEdit& TextField::fieldEditor() {
 }
 
 void TextField::fieldEditorAttributesDidChange() {
+    refreshFieldEditor();
+    cellDidChange();
+}
+
+void TextField::refreshFieldEditor() {
     if (editor_ != nullptr) {
         textCell().setUpFieldEditorAttributes(*editor_);
         layOutEditor();
     }
-    cellDidChange();
 }
 
 void TextField::layOutEditor() {
@@ -345,6 +350,17 @@ void TextField::editorTextChanged(const QString& text) {
         textDidBeginEditing();
     }
     textDidChange();
+    if (!isFirstResponder()) {
+        // Dropped here, or put in by a program for those who cannot type: nobody will leave it.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (isModified_ && !isFirstResponder()) {
+                    endEditing();
+                }
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 void TextField::textDidBeginEditing() {
@@ -381,13 +397,12 @@ void TextField::endEditing() {
     if (putOff_ != nullptr) {
         replaceText(QString(*putOff_));
     }
-    const bool isChanged = std::exchange(isModified_, false);
     if (editor_ != nullptr) {
         editor_->setCursorPosition(0); // the cell shows the text from its start
     }
     const QPointer<TextField> self(this);
     textDidEndEditing();
-    if (isChanged && self != nullptr) {
+    if (self != nullptr && std::exchange(isModified_, false)) {
         sendAction();
     }
 }
@@ -502,10 +517,10 @@ void TextField::keyPressEvent(QKeyEvent* event) {
     event->ignore(); // it is the default button's, too
     if (!event->isAutoRepeat() && isEditable_) {
         QGuiApplication::inputMethod()->commit();
-        isModified_ = false;
         const QPointer<TextField> self(this);
         textDidEndEditing();
         if (self != nullptr) {
+            isModified_ = false;
             fieldEditor().selectAll();
             sendAction(); // may destroy the field
         }

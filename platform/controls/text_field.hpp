@@ -106,9 +106,11 @@ class TextField : public CellControl {
     /// May be another by now: `isFirstResponder`.
     virtual void firstResponderMayHaveChanged() {}
 
-    /// Something in the cell is another: the editor's font, colours and place follow, caret and
-    /// selection stay.
+    /// Something in the cell is another: the editor follows, caret and selection stay, and the
+    /// field is laid out and painted anew.
     void fieldEditorAttributesDidChange();
+    /// The editor's part of that: font, colours and place.
+    void refreshFieldEditor();
     /// Puts another text into cell and editor, as `setStringValue`, composition or not.
     void replaceText(const QString& text);
     /// Whether the user has changed the text since the keyboard came.
