@@ -11,6 +11,7 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -152,6 +153,7 @@ void TextField::replaceText(const QString& text) {
         textCell().setStringValue(editor_->text()); // it may have cut it
         layOutEditor();
     }
+    textWasReplaced();
     if (!isEditable_ && accessibleName().isEmpty() && QAccessible::isActive()) {
         QAccessibleEvent event(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&event);
@@ -463,8 +465,22 @@ void TextField::handOnMouse(QMouseEvent& event) {
     event.setAccepted(there.isAccepted());
 }
 
+bool TextField::showExpansionToolTip(QPoint at) {
+    if (!allowsToolTips_ || isTextShownByEditor() ||
+        textCell().textSize().width <= textCell().textRect(bounds()).size.width) {
+        return false;
+    }
+    QToolTip::showText(at, stringValue().toHtmlEscaped(), this);
+    return true;
+}
+
 bool TextField::handleEvent(QEvent* event) {
     switch (event->type()) {
+    case QEvent::ToolTip:
+        if (showExpansionToolTip(static_cast<QHelpEvent*>(event)->globalPos())) {
+            return true;
+        }
+        break;
     case QEvent::ShortcutOverride:
         handOn(*event);
         return event->isAccepted();
@@ -569,8 +585,20 @@ void TextField::contextMenuEvent(QContextMenuEvent* event) {
 
 void TextField::dragEnterEvent(QDragEnterEvent* event) {
     if (isEditable_) {
-        handOn(*event); // from the next move on the editor gets them itself
+        handOn(*event); // from the next move on the editor, made by now, gets them itself
     }
+}
+
+void TextField::dragMoveEvent(QDragMoveEvent* event) {
+    handOn(*event);
+}
+
+void TextField::dragLeaveEvent(QDragLeaveEvent* event) {
+    handOn(*event);
+}
+
+void TextField::dropEvent(QDropEvent* event) {
+    handOn(*event);
 }
 
 void TextField::resizeEvent(QResizeEvent* event) {

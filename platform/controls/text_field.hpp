@@ -51,6 +51,9 @@ class TextField : public CellControl {
     [[nodiscard]] int maximumNumberOfLines() const { return textCell().maximumNumberOfLines(); }
     void setMaximumNumberOfLines(int count) { textCell().setMaximumNumberOfLines(count); }
     void setPreferredMaxLayoutWidth(double width);
+    /// Whether a text that has no room shows as a whole in a tool tip.
+    [[nodiscard]] bool allowsExpansionToolTips() const { return allowsToolTips_; }
+    void setAllowsExpansionToolTips(bool allows) { allowsToolTips_ = allows; }
 
     [[nodiscard]] bool isEditable() const { return isEditable_; }
     void setEditable(bool isEditable);
@@ -103,6 +106,8 @@ class TextField : public CellControl {
     virtual void textDidBeginEditing();
     virtual void textDidChange();
     virtual void textDidEndEditing();
+    /// A program has put another text in.
+    virtual void textWasReplaced() {}
     /// May be another by now: `isFirstResponder`.
     virtual void firstResponderMayHaveChanged() {}
 
@@ -128,6 +133,9 @@ class TextField : public CellControl {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -136,6 +144,7 @@ class TextField : public CellControl {
     [[nodiscard]] bool isTextShownByEditor() const;
     void handOn(QEvent& event);
     void handOnMouse(QMouseEvent& event);
+    bool showExpansionToolTip(QPoint at);
     void layOutEditor();
     void followEditability();
     void editorTextChanged(const QString& text);
@@ -152,6 +161,7 @@ class TextField : public CellControl {
     bool isModified_ = false;
     bool isReplacing_ = false;
     bool hasMarkedText_ = false;
+    bool allowsToolTips_ = false;
 };
 
 } // namespace platform

@@ -39,9 +39,14 @@ Qt::Alignment toQt(LineAlignment side) {
                                            : Qt::AlignRight;
 }
 
+const QFont& plainFont() {
+    static const QFont font = systemFont(13, QFont::Normal);
+    return font;
+}
+
 } // namespace
 
-TextFieldCell::TextFieldCell(QString text) {
+TextFieldCell::TextFieldCell(QString text) : font_(plainFont()) {
     setCellState({.showsState = false});
     setStringValue(text);
 }
@@ -49,11 +54,6 @@ TextFieldCell::TextFieldCell(QString text) {
 void TextFieldCell::setStringValue(const QString& text) {
     stringValue_ = text;
     shown_ = shownText(text, lineBreakMode_);
-}
-
-QFont TextFieldCell::font() const {
-    static const QFont font = systemFont(13, QFont::Normal);
-    return font;
 }
 
 core::Rect TextFieldCell::titleRect(const core::Rect& bounds) const {

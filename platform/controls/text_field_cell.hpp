@@ -53,7 +53,9 @@ class TextFieldCell : public Cell {
     enum class TextDrawnBy : std::uint8_t { cell, editor, editorWithComposition };
     void setTextDrawnBy(TextDrawnBy who) { drawnBy_ = who; }
 
-    [[nodiscard]] virtual QFont font() const;
+    /// The system's unless told otherwise.
+    [[nodiscard]] virtual QFont font() const { return font_; }
+    void setFont(const QFont& font) { font_ = font; }
     /// Where the text goes. In the middle of the height: one line high.
     [[nodiscard]] virtual core::Rect titleRect(const core::Rect& bounds) const;
     /// Where the text begins and ends, whether the cell or the editor draws it.
@@ -86,12 +88,17 @@ class TextFieldCell : public Cell {
     }
     /// The text or the placeholder, whoever's turn it is.
     void drawText(const core::Rect& frame, const CellCanvas& canvas) const;
+    /// The placeholder in a place of its own.
+    void drawPlaceholder(const core::Rect& place, const CellCanvas& canvas) const {
+        drawLine(placeholderString_, place, placeholderColor(canvas), canvas);
+    }
 
   private:
     void drawLine(const QString& text, const core::Rect& rect, const QColor& color,
                   const CellCanvas& canvas) const;
     [[nodiscard]] QFont tightened(const QFont& font, const QString& text, double width) const;
 
+    QFont font_;
     QString stringValue_;
     QString shown_; // of the string: no control characters, and no more than a field can show
     QString placeholderString_;
