@@ -315,14 +315,18 @@ void TextField::layOutEditor() {
     textCell().edit(frame, *editor_);
     const QRect place = editor_->geometry();
     const core::Rect text = textCell().textRect(frame);
+    const LineAlignment side = textCell().sideOfText(layoutDirection() == Qt::RightToLeft);
     const auto rounded = [](double value) { return static_cast<int>(std::lround(value)); };
+    // The line edit keeps room for its caret behind the text; the cell does not.
+    const int caret = side == LineAlignment::left ? 0 : side == LineAlignment::centre ? 1 : 2;
     const int top = rounded(text.origin.y) - place.y() - editorMarginY;
-    const QMargins margins(rounded(text.origin.x) - place.x() - editorMarginX, top,
-                           place.x() + place.width() - rounded(text.maxX()) - editorMarginX, 0);
+    const int left = rounded(text.origin.x) - place.x() - editorMarginX;
+    const int right = place.x() + place.width() - rounded(text.maxX()) - editorMarginX;
+    const QMargins margins(side == LineAlignment::centre ? left + caret : left, top, right - caret,
+                           0);
     if (editor_->textMargins() != margins) {
         editor_->setTextMargins(margins);
     }
-    const LineAlignment side = textCell().sideOfText(layoutDirection() == Qt::RightToLeft);
     const Qt::Alignment across = side == LineAlignment::left     ? Qt::AlignLeft
                                  : side == LineAlignment::centre ? Qt::AlignHCenter
                                                                  : Qt::AlignRight;
