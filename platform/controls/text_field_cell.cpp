@@ -54,6 +54,7 @@ TextFieldCell::TextFieldCell(QString text) : font_(plainFont()) {
 void TextFieldCell::setStringValue(const QString& text) {
     stringValue_ = text;
     shown_ = shownText(text, lineBreakMode_);
+    measuredHeight_ = -1;
 }
 
 core::Rect TextFieldCell::titleRect(const core::Rect& bounds) const {
@@ -66,7 +67,14 @@ core::Size TextFieldCell::textSize() const {
             QRectF(0, 0, maxLayoutWidth_, QWIDGETSIZE_MAX), Qt::TextWordWrap, shown_);
         return {std::min(std::ceil(place.width()), maxLayoutWidth_), std::ceil(place.height())};
     }
-    return measured_.size(shown_, font());
+    const QFont now = font();
+    if (measuredHeight_ < 0 || !(measuredFont_.isCopyOf(now) || measuredFont_ == now)) {
+        const QFontMetricsF metrics(now);
+        measuredFont_ = now;
+        measuredWidth_ = metrics.horizontalAdvance(shown_);
+        measuredHeight_ = metrics.height();
+    }
+    return {measuredWidth_, measuredHeight_};
 }
 
 core::Size TextFieldCell::cellSize() const {
@@ -124,8 +132,11 @@ QColor TextFieldCell::placeholderColor(const CellCanvas& canvas) const {
 }
 
 QFont TextFieldCell::tightened(const QFont& font, const QString& text, double width) const {
-    const double whole = measured_.size(text, font).width;
-    if (!allowsTightening_ || whole <= width || whole <= 0) {
+    if (!allowsTightening_) {
+        return font;
+    }
+    const double whole = QFontMetricsF(font).horizontalAdvance(text);
+    if (whole <= width || whole <= 0) {
         return font;
     }
     QFont closer = font;
@@ -157,8 +168,9 @@ void TextFieldCell::drawLine(const QString& text, const core::Rect& rect, const 
         canvas.painter.drawText(toQRectF(rect), int(toQt(side)) | Qt::TextWordWrap, text);
         return;
     }
-    line_.paint(canvas.painter, rect, text, tightened(font(), text, rect.size.width), color,
-                {side, lineBreakMode_, canvas.isRightToLeft});
+    // Not kept by each: there are many labels, and few of them on the screen.
+    LineText::paintShared(canvas.painter, rect, text, tightened(font(), text, rect.size.width),
+                          color, {side, lineBreakMode_, canvas.isRightToLeft});
 }
 
 } // namespace platform

@@ -102,8 +102,10 @@ class TextFieldCell : public Cell {
     QString stringValue_;
     QString shown_; // of the string: no control characters, and no more than a field can show
     QString placeholderString_;
-    mutable LineText line_;
-    mutable LineText measured_;
+    // The size of what is shown, and the font that it was measured in; below 0: not yet.
+    mutable QFont measuredFont_;
+    mutable double measuredWidth_ = 0;
+    mutable double measuredHeight_ = -1;
     double maxLayoutWidth_ = 0;
     int maximumNumberOfLines_ = 0;
     LineAlignment alignment_ = LineAlignment::natural;
