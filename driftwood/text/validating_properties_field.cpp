@@ -226,17 +226,23 @@ void ValidatingPropertiesField::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const StyledControlState look = state();
     const QRectF bounds = rect();
-    // The artwork keeps two points free on every side.
-    const StyledControlState ground = look - StyledControlState::focused; // the outline shows it
+    // What is selected has a lit rim; the outline shows the focus.
+    StyledControlState ground = look - StyledControlState::focused;
+    if (isSelected_ && isEnabled()) {
+        ground |= StyledControlState::focused;
+    }
     if (const auto* const image = toImageAsset(StyledTextFieldCell::style().bezelImage(ground))) {
         const platform::CellCanvas canvas{painter, palette().color(QPalette::ButtonText)};
+        // The artwork keeps two points free on every side.
         platform::paintCellImage(canvas, platform::toRect(bounds.adjusted(-2, -2, 2, 2)), *image,
-                                 isEnabled() ? 1 : 0.5);
+                                 1);
     }
     if (look.contains(StyledControlState::focused)) {
-        // Its line runs two points within the bounds.
+        // Its line runs two points within the bounds. The colour of an error has to be read on it.
         platform::paintFocusRing(painter, bounds.adjusted(1, 1, -1, -1),
-                                 toQColor(assetSource().color("Highlight/System")));
+                                 toQColor(assetSource().color("Highlight/System")), 3,
+                                 isValid_ ? platform::FocusRingFill::light
+                                          : platform::FocusRingFill::none);
     }
 }
 
