@@ -178,6 +178,8 @@ TEST_F(TextFields, TakeTheKeyboardTypingUndoTheClipboardAndDrops) {
     QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(field.stringValue().size(), 32767);
     EXPECT_FALSE(field.grab().isNull());
+    field.setStringValue(QString(40'000, QLatin1Char('z'))); // by a program it stays whole
+    EXPECT_EQ(field.currentEditor()->text().size(), 40'000);
     field.currentEditor()->selectAll();
     QTest::keyClick(&field, Qt::Key_Backspace);
     QTest::keyClicks(&field, QStringLiteral("c"));
@@ -333,6 +335,11 @@ TEST_F(TextFields, TakeTheirPopoverAlong) {
     EXPECT_FALSE(popover.isVisible()) << "its field is out of sight";
     EXPECT_TRUE(popover.isShown());
     content->move(0, 0);
+    EXPECT_TRUE(popover.isVisible());
+    QWidget second;
+    showActive(second);
+    EXPECT_FALSE(popover.isVisible()) << "another window is key";
+    QApplication::setActiveWindow(&window);
     EXPECT_TRUE(popover.isVisible());
     const int width = popover.width();
     field->setMessage(QStringLiteral("A message that is a good deal longer than the one before"));

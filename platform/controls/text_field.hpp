@@ -146,6 +146,7 @@ class TextField : public CellControl {
     void handOnMouse(QMouseEvent& event);
     bool showExpansionToolTip(QPoint at);
     void layOutEditor();
+    void putIntoEditor(const QString& text);
     void followEditability();
     void editorTextChanged(const QString& text);
     void followFirstResponder();
