@@ -309,6 +309,19 @@ TEST_F(TextFields, ShowMessagesWhileFocusedAndNeverJudgeACompositon) {
     other.setFocus();
     EXPECT_EQ(field.objectValue(), FieldValue("abc"));
     EXPECT_EQ(field.stringValue(), QStringLiteral("$abc"));
+
+    // The owner judges.
+    Owner owner;
+    owner.onChange = [&](platform::TextField& changed) {
+        field.setMessage(QStringLiteral("Now: %1").arg(changed.stringValue()));
+    };
+    field.setFormatter(nullptr);
+    field.setDelegate(&owner);
+    field.setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(field.popoverController().isShown());
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    ASSERT_TRUE(field.popoverController().isShown()) << "though it is valid";
+    EXPECT_EQ(popover.contentTextField().stringValue(), QStringLiteral("Now: x"));
 }
 
 TEST_F(TextFields, TakeTheirPopoverAlong) {
