@@ -192,6 +192,10 @@ TEST_F(Checks, BelieveOnlyWhatTheMakerVouchesFor) {
         sendHead(connection, 404, {"Content-Length: 0"});
         connection.disconnectFromHost();
     };
+    // A feed that is replaced between the two requests.
+    const auto replaced = [&, count = 0](QSslSocket& connection, const auto& request) mutable {
+        (count++ == 0 ? vouchingFor("<rss/>") : statement(42))(connection, request);
+    };
     constexpr auto years = 24h * 366;
     const auto now = std::chrono::system_clock::now();
     const struct {
@@ -210,6 +214,7 @@ TEST_F(Checks, BelieveOnlyWhatTheMakerVouchesFor) {
          wordOf(UpdateProblem::feedExpired), now, now + 21 * years},
         {"no statement", gone, notSigned, now},
         {"another feed's", vouchingFor("<rss/>"), notSigned, now},
+        {"another feed's at first", replaced, "offer 2.0", now},
         {"a long one", answering(QByteArray(10'000, 'x')), notSigned, now},
         {"an endless one", dripping({}, QByteArray(4096, ' '), 1), notSigned, now},
         {"one over no connection", redirecting("http://127.0.0.1/feed.sig"),
