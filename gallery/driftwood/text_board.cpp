@@ -1,11 +1,22 @@
 #include "gallery/driftwood/text_board.hpp"
 
 #include "gallery/parts.hpp"
+#include "platform/controls/padded_item.hpp"
 
 namespace gallery {
 namespace {
 
 constexpr int rowCaptionWidth = 76;
+
+/// Fields stand by their alignment lines, so that the edges that one sees are below the captions.
+QLayoutItem* byItsLines(QWidget& field, QWidget& in) {
+    field.setParent(&in);
+    const auto* const control = dynamic_cast<const platform::CellControl*>(&field);
+    const core::EdgeInsets insets =
+        control != nullptr ? control->alignmentRectInsets() : core::EdgeInsets();
+    return new platform::PaddedItem(
+        &field, QMarginsF(-insets.left, -insets.top, -insets.right, -insets.bottom));
+}
 
 QWidget* makeTextBoard(const std::vector<TextLook>& looks, const std::vector<TextRow>& rows,
                        const MakeTextSpecimen& make) {
@@ -22,7 +33,8 @@ QWidget* makeTextBoard(const std::vector<TextLook>& looks, const std::vector<Tex
         grid->setColumnStretch(column, 1);
         int line = 1;
         for (const TextRow& row : rows) {
-            grid->addWidget(make(look, row), line++, column, Qt::AlignVCenter);
+            grid->addItem(byItsLines(*make(look, row), *board), line++, column, 1, 1,
+                          Qt::AlignVCenter);
         }
         ++column;
     }
@@ -64,7 +76,7 @@ QWidget* captioned(const char* caption, QWidget* content) {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
     column->addWidget(makeLabel(QString::fromLatin1(caption), 11, "Grey 50%"));
-    column->addWidget(content);
+    column->addItem(byItsLines(*content, *view));
     column->addStretch(1);
     return view;
 }
