@@ -1,4 +1,4 @@
-// A plug-in with a window that screen readers look at; see unloading_test.cpp.
+// A plug-in with a window that screen readers look at; see unloading_host.cpp.
 
 #include "fernhorn/buttons/parameter_buttons.hpp"
 #include "fernhorn/dials/knob_control.hpp"

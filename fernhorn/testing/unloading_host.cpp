@@ -1,6 +1,6 @@
 // A host that opens a plug-in's window, unloads the plug-in, and goes on.
 //
-// Usage: fernhorn_unloading_test PLUGIN.
+// Usage: fernhorn_unloading_host PLUGIN.
 
 #include <QAccessible>
 #include <QApplication>
