@@ -268,7 +268,7 @@ TEST_F(TextFields, PublishWhenTheKeyboardComesAndGoesButNotWhenItIsBorrowed) {
     EXPECT_TRUE(isFinished);
 }
 
-TEST_F(TextFields, ShowMessagesWhileFocusedAndNeverJudgeACompositon) {
+TEST_F(TextFields, ShowMessagesWhileFocusedAndNeverJudgeAComposition) {
     ValidatingTextField& field = add(new ValidatingTextField);
     field.setMessage(QStringLiteral("A name"));
     EXPECT_TRUE(field.isValid());
