@@ -11,4 +11,11 @@ void addDriftwoodButtonPages(std::vector<Page>& pages) {
     }
 }
 
+void addDriftwoodTextPages(std::vector<Page>& pages) {
+    for (const auto& make :
+         {textFieldPage, textLabelPage, validatingFieldPage, propertiesPage, searchFieldPage}) {
+        pages.push_back(make());
+    }
+}
+
 } // namespace gallery

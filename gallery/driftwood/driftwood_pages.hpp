@@ -6,6 +6,8 @@ namespace gallery {
 
 /// The pages of the kit's buttons, each from its own file.
 void addDriftwoodButtonPages(std::vector<Page>& pages);
+/// The pages of its text fields.
+void addDriftwoodTextPages(std::vector<Page>& pages);
 
 Page styledButtonPage();
 Page kestrelPushButtonPage();
@@ -18,5 +20,11 @@ Page favouriteCheckBoxPage();
 Page cursorButtonPage();
 Page popUpCyclingButtonPage();
 Page darkHighlightButtonPage();
+
+Page textFieldPage();
+Page textLabelPage();
+Page validatingFieldPage();
+Page propertiesPage();
+Page searchFieldPage();
 
 } // namespace gallery
