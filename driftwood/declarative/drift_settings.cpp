@@ -1,6 +1,7 @@
 #include "driftwood/declarative/drift_settings.hpp"
 
 #include "driftwood/controls/styled_combo_box.hpp"
+#include "driftwood/declarative/drift_slider.hpp"
 #include "platform/controls/accessible_role.hpp"
 #include "platform/controls/cell_control.hpp"
 #include "platform/controls/padded_item.hpp"
@@ -27,6 +28,8 @@ QMarginsF insetsOf(const QWidget& child) {
         insets = control->alignmentRectInsets();
     } else if (const auto* const combo = qobject_cast<const StyledComboBox*>(&child)) {
         insets = combo->alignmentRectInsets();
+    } else if (qobject_cast<const DriftSlider*>(&child) != nullptr) {
+        return DriftSlider::padding();
     }
     return {-insets.left, -insets.top, -insets.right, -insets.bottom};
 }
