@@ -11,6 +11,7 @@ const std::vector<Page>& pages() {
         std::vector<Page> made;
         addFernhornPages(made);
         addDriftwoodButtonPages(made);
+        addDriftwoodControlPages(made);
         addShaderPages(made);
         addUpdatePages(made);
         return made;

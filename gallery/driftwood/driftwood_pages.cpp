@@ -11,4 +11,12 @@ void addDriftwoodButtonPages(std::vector<Page>& pages) {
     }
 }
 
+void addDriftwoodControlPages(std::vector<Page>& pages) {
+    for (const auto& make :
+         {slidersPage, trackingSliderPage, popUpsPage, comboBoxPage, segmentedControlPage,
+          simpleViewsPage, driftSliderPage, driftSegmentedControlPage, presetPanePage}) {
+        pages.push_back(make());
+    }
+}
+
 } // namespace gallery

@@ -7,6 +7,9 @@ namespace gallery {
 /// The pages of the kit's buttons, each from its own file.
 void addDriftwoodButtonPages(std::vector<Page>& pages);
 
+/// Those of its other controls and of the declarative components.
+void addDriftwoodControlPages(std::vector<Page>& pages);
+
 Page styledButtonPage();
 Page kestrelPushButtonPage();
 Page buttonStylesPage();
@@ -18,5 +21,15 @@ Page favouriteCheckBoxPage();
 Page cursorButtonPage();
 Page popUpCyclingButtonPage();
 Page darkHighlightButtonPage();
+
+Page slidersPage();
+Page trackingSliderPage();
+Page popUpsPage();
+Page comboBoxPage();
+Page segmentedControlPage();
+Page simpleViewsPage();
+Page driftSliderPage();
+Page driftSegmentedControlPage();
+Page presetPanePage();
 
 } // namespace gallery
