@@ -24,6 +24,7 @@ namespace {
 
 constexpr double textMargin = 8; // from the frame's leading edge
 constexpr double textGap = 2;    // before the arrow
+constexpr int editorMargin = 2;  // that the toolkit's editor keeps at both sides by itself
 constexpr int rowHeight = 22;
 constexpr int rowMargin = 4;
 constexpr int visibleRows = 12;
@@ -157,7 +158,7 @@ void StyledComboBox::setFieldEditable(bool isEditable) {
     setEditable(isEditable);
     if (QLineEdit* const editor = lineEdit()) {
         editor->setFrame(false);
-        editor->setTextMargins(0, 0, 0, 0);
+        editor->setTextMargins(-editorMargin, 0, -editorMargin, 0);
         editor->setAutoFillBackground(false);
         editor->installEventFilter(this);
         connect(editor, &QLineEdit::textEdited, this, [this] { isEdited_ = true; });
@@ -194,6 +195,9 @@ void StyledComboBox::placeEditor() {
     if (QLineEdit* const editor = lineEdit()) {
         const core::Rect place = cell_.titleRect(platform::toRect(QRectF(rect())), isRightToLeft());
         const QRect wanted = platform::toQRectF(place).toRect();
+        // As the list's rows, whatever the language of the text.
+        editor->setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter |
+                             (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
         if (editor->geometry() != wanted) {
             editor->setGeometry(wanted);
         }

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double titleX = 10; // from the leading edge
 constexpr double arrowRoom = 14;
+constexpr double beforeArrow = 6; // where there is room
 constexpr double titleHeight = 14;
 constexpr double menuFontSize = 11;
 
@@ -62,7 +63,7 @@ core::Size MenuButtonCell::sizeFor(const QString& title) const {
     if (!label_.isEmpty()) {
         width += advance(plainFont(), label_) + advance(mediumFont(), QStringLiteral(" "));
     }
-    return {std::ceil(width) + titleX + arrowRoom, titleHeight};
+    return {std::ceil(width) + titleX + beforeArrow + arrowRoom, titleHeight};
 }
 
 std::vector<platform::LineRun> MenuButtonCell::runs(const QString& title) const {
@@ -72,7 +73,10 @@ std::vector<platform::LineRun> MenuButtonCell::runs(const QString& title) const 
     }
     const QColor quiet = toQColor(cellState().isEnabled ? Styles::Label::nsTextColor()
                                                         : Styles::Label::disabledTextColor());
-    return {{label_, plainFont(), quiet}, {QLatin1Char(' ') + title, mediumFont(), color}};
+    return {
+        {label_, plainFont(), quiet},
+        {QStringLiteral(" "), mediumFont(), color}, // apart: it stays between in both directions
+        {title, mediumFont(), color}};
 }
 
 void MenuButtonCell::drawBezel(const core::Rect& frame, const platform::CellCanvas& canvas) const {

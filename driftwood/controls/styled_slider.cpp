@@ -130,7 +130,10 @@ void StyledSliderCell::drawBar(const SliderParts& parts, const platform::CellCan
         drawRing(driftwood::barRect(parts), canvas);
         return;
     }
-    drawTrack(driftwood::barRect(parts), style().barImage(controlState()), canvas);
+    // The table's `highlighted` is the filled part: a held knob does not fill the whole track.
+    StyledControlState atRest = controlState();
+    atRest.remove(StyledControlState::highlighted);
+    drawTrack(driftwood::barRect(parts), style().barImage(atRest), canvas);
     drawTrack(filledRect(parts, place_), style().barImage(StyledControlState::highlighted), canvas);
 }
 

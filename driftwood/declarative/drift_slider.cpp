@@ -90,7 +90,11 @@ DriftSliderTrack::~DriftSliderTrack() {
 
 void DriftSliderTrack::setModel(std::shared_ptr<DriftSliderModel> model) {
     if (drag_ != nullptr) {
+        const QPointer<DriftSliderTrack> self(this);
         endDrag();
+        if (self == nullptr) {
+            return; // who was told has destroyed it
+        }
     }
     model_ = std::move(model);
     drag_ = std::make_unique<DriftSliderDrag>(model_);
@@ -286,8 +290,11 @@ DriftSlider::DriftSlider(std::shared_ptr<DriftSliderModel> model,
 }
 
 void DriftSlider::setModel(std::shared_ptr<DriftSliderModel> model) {
+    const QPointer<DriftSlider> self(this);
     track_->setModel(std::move(model));
-    nameButtons();
+    if (self != nullptr) {
+        nameButtons();
+    }
 }
 
 void DriftSlider::setValueName(const QString& name, const QString& unit) {

@@ -58,10 +58,14 @@ void DriftSliderDrag::tell(Callback DriftSliderModel::*callback) {
     }
     const double value = *told_;
     const bool isStart = !std::exchange(isStartTold_, true);
+    const bool isEnd = callback == &DriftSliderModel::onSlideComplete;
+    const std::weak_ptr<bool> gesture = gesture_;
     // Copies are called: a callback may replace itself.
     for (const auto& next : {isStart ? &DriftSliderModel::onSlideStarted : nullptr,
                              callback != &DriftSliderModel::onSlideStarted ? callback : nullptr}) {
-        if (next != nullptr) {
+        // Hearing of the start may end the drag: then it does not go on.
+        const bool isOver = next != nullptr && next == callback && !isEnd && gesture.expired();
+        if (next != nullptr && !isOver) {
             if (const Callback call = (*model).*next) {
                 call(value);
             }
@@ -80,6 +84,7 @@ double DriftSliderDrag::knobFromPointer(double pointer, double width) const {
 void DriftSliderDrag::begin(core::Point pointer, double width) {
     const auto model = model_; // who is told may destroy this drag
     isDragging_ = true;
+    gesture_ = std::make_shared<bool>(true);
     const auto parts = drift_slider::trackParts(*model, width);
     const double knob = parts ? parts->knobX : 0;
     const bool isOnKnob = pointer.x >= knob - drift_slider::knobReach &&
@@ -133,6 +138,7 @@ void DriftSliderDrag::end() {
         return;
     }
     isDragging_ = false;
+    gesture_.reset();
     xDragOffset_ = 0;
     xDistanceDragged_ = 0;
     DriftSliderDrag last(model_); // a callback may begin the next one

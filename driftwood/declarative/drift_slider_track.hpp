@@ -65,7 +65,8 @@ class DriftSliderDrag {
     double xDragOffset_ = 0;      // from the pointer to the knob's centre
     double xDistanceDragged_ = 0; // what a grab on the knob has to overcome first
     bool isStartTold_ = false;
-    std::optional<double> told_; // the last value of the drag
+    std::shared_ptr<bool> gesture_; // there from the drag's beginning to its end
+    std::optional<double> told_;    // the last value of the drag
 };
 
 } // namespace driftwood

@@ -6,6 +6,7 @@
 #include "gallery/parts.hpp"
 
 #include <QLabel>
+#include <QLineEdit>
 
 namespace gallery {
 namespace {
@@ -72,7 +73,7 @@ StyledPopUpButton* labelled() {
 
 Page popUpsPage() {
     return {QStringLiteral("pop-ups"), QStringLiteral("Driftwood controls"),
-            QStringLiteral("StyledPopUpButton, ToolPopUpButton and StyledPopDownButton"),
+            QStringLiteral("Pop-up buttons"),
             QStringLiteral("Buttons with menus: press, drag to an item, release; or use the "
                            "arrows."),
             [](QWidget& view) {
@@ -116,7 +117,7 @@ Page comboBoxPage() {
                 const auto hinting = [] {
                     auto* const combo = makeCombo(true);
                     combo->setCurrentText({});
-                    combo->setPlaceholderText(QStringLiteral("None"));
+                    combo->lineEdit()->setPlaceholderText(QStringLiteral("None"));
                     return combo;
                 };
                 addStateBoards(view,

@@ -81,7 +81,7 @@ class Framed final : public QWidget {
 Page simpleViewsPage() {
     return {
         QStringLiteral("simple-views"), QStringLiteral("Driftwood controls"),
-        QStringLiteral("ClickableImageView, split and flipped views"),
+        QStringLiteral("Simple views"),
         QStringLiteral("Images that can be clicked, a split view without a divider, and the "
                        "kit's ground."),
         [](QWidget& view) {

@@ -88,7 +88,7 @@ Specimen driftAs(const char* caption, std::vector<double> starts,
 
 Page slidersPage() {
     return {QStringLiteral("sliders"), QStringLiteral("Driftwood controls"),
-            QStringLiteral("StyledSlider and StyledScrollableSlider"),
+            QStringLiteral("StyledSlider"),
             QStringLiteral("Sliders lying, standing and round; they tell of a drag's start, course "
                            "and end."),
             [](QWidget& view) {
