@@ -85,6 +85,7 @@ class StyledPopUpButton : public KitControl<platform::PopUpButton, StyledPopUpBu
     StyledPopUpButton(std::unique_ptr<StyledPopUpButtonCell> cell, QWidget* parent);
 
     [[nodiscard]] double titleStart() const override;
+    bool handleEvent(QEvent* event) override;
 };
 
 /// The same among tools.
