@@ -3,6 +3,7 @@
 #include "platform/assets/bundle.hpp"
 #include "platform/controls/button.hpp"
 #include "platform/controls/menu.hpp"
+#include "platform/testing/recording_workspace.hpp"
 #include "platform/ui/window_scene.hpp"
 #include "shaders/quad_renderer.hpp"
 
@@ -176,16 +177,6 @@ TEST(VersionLine, WritesWhatIsMissingAsNothing) {
     }
 }
 
-class FakeWorkspace final : public platform::Workspace {
-  public:
-    bool open(const QUrl& url) override {
-        opened.append(url);
-        return succeeds;
-    }
-    QList<QUrl> opened;
-    bool succeeds = true;
-};
-
 TEST_F(WelcomeWindow, OpensItsPages) {
     const QTemporaryDir folder;
     write(folder.filePath("Help/en.html"), "en");
@@ -198,7 +189,7 @@ TEST_F(WelcomeWindow, OpensItsPages) {
     for (const bool succeeds : {true, false}) {
         for (const auto& [languages, page] : cases) {
             speak(languages);
-            FakeWorkspace workspace;
+            platform::testing::RecordingWorkspace workspace;
             workspace.succeeds = succeeds;
             ContentView view(180, bundle, workspace);
             const auto windows = QApplication::topLevelWidgets().size();

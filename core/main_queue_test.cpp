@@ -1,4 +1,5 @@
 #include "core/main_queue.hpp"
+#include "core/testing/queue_testing.hpp"
 
 #include <gtest/gtest.h>
 
@@ -12,44 +13,8 @@
 namespace core {
 namespace {
 
-class CountingWaker final : public Waker {
-  public:
-    void wake() noexcept override { ++count; }
-    std::atomic<int> count{0};
-};
-
-/// One number whose newest value has to arrive, kept alive by a reference while it is in line.
-class Number final : public Mergeable, public std::enable_shared_from_this<Number> {
-  public:
-    void send(MainQueue& queue, int value) {
-        newest_.store(value, std::memory_order_release);
-        queue.merge(*this, [this] { entering_ = shared_from_this(); });
-    }
-    bool leaveLine() noexcept override {
-        leaving_ = std::move(entering_);
-        return true;
-    }
-    void take() noexcept override { taken_ = newest_.load(std::memory_order_acquire); }
-    void apply() override {
-        const auto alive = std::move(leaving_);
-        shown = taken_;
-        ++applied;
-    }
-    void discard() noexcept override {
-        ++discarded;
-        const auto first = std::move(entering_);
-        const auto second = std::move(leaving_);
-    }
-    int shown = 0;
-    int discarded = 0;
-    int applied = 0;
-
-  private:
-    std::atomic<int> newest_{0};
-    std::shared_ptr<Number> entering_;
-    std::shared_ptr<Number> leaving_;
-    int taken_ = 0;
-};
+using testing::CountingWaker;
+using testing::Number;
 
 TEST(MainQueue, RunsTasksInOrderBeyondItsCapacity) {
     MainQueue queue(4);
@@ -178,20 +143,6 @@ TEST(MainQueue, ATaskMayDrainAndPost) {
     queue.post([&] { order.push_back(3); });
     queue.drain();
     EXPECT_EQ(order, (std::vector<int>{1, 2, 3, 4, 5}));
-}
-
-TEST(MainQueue, MergesWhatFindsNoRoomAndKeepsTheOrder) {
-    MainQueue queue(2);
-    const auto number = std::make_shared<Number>();
-    std::vector<int> shownBefore;
-    queue.post([&] { shownBefore.push_back(number->shown); });
-    for (int i = 1; i <= 100; ++i) {
-        number->send(queue, i);
-    }
-    queue.post([&] { shownBefore.push_back(number->shown); });
-    queue.drain();
-    EXPECT_EQ(number->applied, 1);
-    EXPECT_EQ(shownBefore, (std::vector<int>{0, 100}));
 }
 
 TEST(MainQueue, ReleasesWhatItNeverRan) {

@@ -1,4 +1,3 @@
-#include "core/bundle_information.hpp"
 #include "core/text_service.hpp"
 
 #include <gtest/gtest.h>
@@ -25,16 +24,6 @@ TEST(TextService, GivesWayToTheInstalledService) {
     EXPECT_EQ(TextService::current().localizedWholeNumber(3.2), "3");
     TextService::install(nullptr);
     EXPECT_EQ(TextService::current().lowercase("X"), "x");
-}
-
-TEST(BundleInformation, IsEmptyUntilThereIsASource) {
-    EXPECT_EQ(bundleInformation("Key"), std::nullopt);
-    setBundleInformationSource([](std::string_view key) -> std::optional<std::string> {
-        return key == "Key" ? std::optional<std::string>("1.2") : std::nullopt;
-    });
-    EXPECT_EQ(bundleInformation("Key"), "1.2");
-    EXPECT_EQ(bundleInformation("Other"), std::nullopt);
-    setBundleInformationSource(nullptr);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "platform/gpu/shade_image.hpp"
 #include "platform/gpu/shader_effect.hpp"
+#include "platform/testing/light.hpp"
+#include "platform/testing/window_testing.hpp"
 #include "shaders/kestrel_shaders_helper.hpp"
 #include "shaders/testing/test_support.hpp"
 
@@ -15,19 +17,13 @@ namespace {
 using platform::Float4;
 using platform::GpuApi;
 using platform::Shader;
+using platform::testing::largestDifference;
+using platform::testing::toCode;
+using platform::testing::toLinear;
 using testing::Stage;
 using Light = std::array<double, 4>; ///< linear, premultiplied
 
 // What the functions should do, in double precision.
-
-double toLinear(double code) {
-    return code <= 0.04045 ? code / 12.92 : std::pow((code + 0.055) / 1.055, 2.4);
-}
-
-double toCode(double linear) {
-    linear = std::clamp(linear, 0.0, 1.0);
-    return linear <= 0.0031308 ? 12.92 * linear : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
-}
 
 /// The product of the primaries' matrices, as the standards of both give them.
 Light toDisplayP3(const Light& light) {
@@ -106,21 +102,6 @@ class PictureRenderer final : public UniformRenderer<PictureUniforms> {
                           core::Clock::system()) {}
     [[nodiscard]] Uniforms uniforms() const override { return {viewSize(), {}}; }
 };
-
-int largestDifference(QRgb one, QRgb other) {
-    return std::max({std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
-                     std::abs(qBlue(one) - qBlue(other))});
-}
-
-int largestDifference(const QImage& one, const QImage& other) {
-    int largest = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            largest = std::max(largest, largestDifference(one.pixel(x, y), other.pixel(x, y)));
-        }
-    }
-    return largest;
-}
 
 TEST(ColorMatrix, IsThatOnTheProcessor) {
     const QImage before = testImage(false);
@@ -274,23 +255,6 @@ TEST(OutsideShaders, KeepWhatTheRangesHold) {
         EXPECT_EQ(shaded(srgb, test.light) != kept, test.isOutsideSRGB) << test.light[0];
         EXPECT_EQ(shaded(p3, test.light) != kept, test.isOutsideP3) << test.light[0];
         EXPECT_EQ(shaded(srgb, test.light)[3], kept[3]);
-    }
-}
-
-TEST(KestrelShadersHelper, MakesPlainValues) {
-    const std::vector<Float4> rows{{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}};
-    const Shader shader = matrix(rows);
-    EXPECT_EQ(shader.functionName, QStringLiteral("colorMatrixShader"));
-    EXPECT_EQ(shader.arguments, rows);
-    EXPECT_EQ(shader, matrix(rows));
-    EXPECT_NE(shader, matrix(matrices[0]));
-    EXPECT_EQ(KestrelShadersHelper::outsideSRGBShader().functionName,
-              QStringLiteral("outsideSRGBShader"));
-    EXPECT_EQ(KestrelShadersHelper::outsideP3Shader().functionName,
-              QStringLiteral("outsideP3Shader"));
-    for (const Shader& each : {shader, KestrelShadersHelper::outsideSRGBShader(),
-                               KestrelShadersHelper::outsideP3Shader()}) {
-        EXPECT_TRUE(each.library.function(each.functionName));
     }
 }
 

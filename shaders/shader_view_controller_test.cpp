@@ -1,9 +1,8 @@
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/testing/window_testing.hpp"
-#include "shaders/metal_shader.hpp"
+#include "shaders/testing/test_support.hpp"
 
 #include <QApplication>
-#include <QLabel>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -63,14 +62,7 @@ class ShaderViewControllerTest : public ::testing::Test {
     }
     /// Pixels of the container on the screen that are not the ground.
     [[nodiscard]] int litPixels() const {
-        const QImage image = screenshot(*container);
-        int lit = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                lit += image.pixelColor(x, y) != ground ? 1 : 0;
-            }
-        }
-        return lit;
+        return testing::pixelsNot(screenshot(*container), ground);
     }
 
     core::ManualClock clock;
@@ -79,27 +71,6 @@ class ShaderViewControllerTest : public ::testing::Test {
     QWidget* container = nullptr;
     MetalShaderViewController* controller = nullptr; // owned by the container
 };
-
-TEST_F(ShaderViewControllerTest, ShowsTheVisualOnTheGround) {
-    QLabel label(QStringLiteral("Name"), window.get());
-    label.setGeometry(150, 130, 100, 40);
-    label.setStyleSheet(QStringLiteral("background: #ff0000"));
-    clock.set(Seconds(0));
-    show();
-    clock.set(Seconds(3));
-    EXPECT_TRUE(runUntil([&] { return litPixels() > 8000; }));
-    const QImage seen = screenshot(*container);
-    const double scale = seen.devicePixelRatio();
-    EXPECT_EQ(seen.pixelColor((QPointF(160, 140) * scale).toPoint()), QColor(Qt::red));
-    for (int x = 0; x < seen.width(); ++x) {
-        ASSERT_EQ(seen.pixelColor(x, 0), ground) << x;
-        ASSERT_EQ(seen.pixelColor(x, seen.height() - 1), ground) << x;
-    }
-    for (int y = 0; y < seen.height(); ++y) {
-        ASSERT_EQ(seen.pixelColor(0, y), ground) << y;
-        ASSERT_EQ(seen.pixelColor(seen.width() - 1, y), ground) << y;
-    }
-}
 
 TEST_F(ShaderViewControllerTest, FollowsTheSizeInPixels) {
     show();
@@ -213,19 +184,6 @@ TEST_F(ShaderViewControllerTest, StandsStillWhileItIsCovered) {
     EXPECT_EQ(framesWithin(200), 0);
     other.resize(50, 50); // a part is seen again
     EXPECT_TRUE(runUntil([&] { return !view().isPaused(); }));
-    EXPECT_TRUE(drawsFrames(3));
-}
-
-TEST_F(ShaderViewControllerTest, MinimisingIsNoDisappearance) {
-    show();
-    const platform::GpuView* const before = &view();
-    window->showMinimized();
-    runFor(50);
-    EXPECT_EQ(&view(), before);
-    EXPECT_EQ(framesWithin(200), 0);
-    window->showNormal();
-    showActive(*window);
-    EXPECT_EQ(&view(), before);
     EXPECT_TRUE(drawsFrames(3));
 }
 

@@ -53,22 +53,12 @@ TEST(BundleAssetSource, GivesTheStylesWhatTheBundleHasAndNullOtherwise) {
     EXPECT_EQ(bezel->size(), (core::Size{asset->size().width(), asset->size().height()}));
     EXPECT_EQ(bezel, assetSource().image("dwk-button-down")) << "the same picture is equal";
     EXPECT_NE(bezel, assetSource().image("dwk-button"));
-    EXPECT_DOUBLE_EQ(aspectRatio(*asset), bezel->aspectRatio());
     EXPECT_EQ(makeColor(QColor(1, 2, 3)), makeColor(QColor(1, 2, 3)));
     EXPECT_FALSE(assetSource().color("no such colour"));
     EXPECT_FALSE(assetSource().image("no such image"));
     EXPECT_EQ(toImageAsset({}), nullptr);
     EXPECT_EQ(toQColor({}).alpha(), 0);
 }
-
-class PaintCounter final : public QWidget {
-  public:
-    using QWidget::QWidget;
-    int paints = 0;
-
-  protected:
-    void paintEvent(QPaintEvent*) override { ++paints; }
-};
 
 class ClickableWidget final : public QWidget, public ClickableView {
   public:
@@ -161,7 +151,6 @@ TEST(RoundedPath, RoundsEachCornerByItsOwnRadius) {
 
 TEST(Backport, DoesWhatTheToolkitCan) {
     QListView list;
-    QLineEdit field(&list);
     int escapes = 0;
     backport(list)
         .onEscapePressed([&] { ++escapes; })
@@ -169,7 +158,6 @@ TEST(Backport, DoesWhatTheToolkitCan) {
         .alternatingRowBackgrounds()
         .removeScrollViewEdgeEffect()
         .popoverBackground(Qt::blue);
-    backport(field).alternatingRowBackgrounds().removeScrollViewEdgeEffect();
     QTest::keyClick(&list, Qt::Key_A);
     QTest::keyClick(&list, Qt::Key_Escape);
     EXPECT_EQ(escapes, 1);

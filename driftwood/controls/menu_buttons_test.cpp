@@ -4,6 +4,7 @@
 #include "platform/controls/pop_up_button.hpp"
 #include "platform/testing/window_testing.hpp"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QTest>
@@ -56,6 +57,7 @@ TEST_F(CornerButtons, OpenTheirMenuInPlaceOfClickingAndStayLitUntilItCloses) {
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks, 1);
     Menu& menu = giveMenu();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->role(), QAccessible::ButtonMenu);
     QTest::mousePress(&button, Qt::LeftButton);
     expectOpen(menu);
     const QRect panel = menu.geometry().marginsRemoved(menu.contentsMargins());
@@ -77,9 +79,8 @@ TEST_F(CornerButtons, OpenTheirMenuInPlaceOfClickingAndStayLitUntilItCloses) {
     expectClosed();
     EXPECT_EQ(clicks, 1);
     // The second click of a series is a click.
-    QMouseEvent again(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton,
-                      Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&button, &again);
+    platform::testing::sendMouse(button, QEvent::MouseButtonDblClick, {5, 5}, Qt::LeftButton,
+                                 Qt::LeftButton);
     QTest::mouseRelease(&button, Qt::LeftButton);
     EXPECT_FALSE(menu.isVisible());
     EXPECT_EQ(clicks, 2);

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
+#include <utility>
 
 namespace driftwood {
 namespace {
@@ -36,11 +36,10 @@ bool isSameParent(const TreeMove::Item& a, const TreeMove::Item& b) {
 }
 
 std::vector<TreeMove> reversed(const std::vector<TreeMove>& moves) {
-    std::vector<TreeMove> result;
-    result.reserve(moves.size());
-    for (const TreeMove& move : std::views::reverse(moves)) {
-        result.push_back(
-            {move.item, move.newParent, move.newIndex, move.previousParent, move.previousIndex});
+    std::vector<TreeMove> result(moves.rbegin(), moves.rend());
+    for (TreeMove& move : result) {
+        std::swap(move.previousParent, move.newParent);
+        std::swap(move.previousIndex, move.newIndex);
     }
     return result;
 }

@@ -2,7 +2,8 @@
 #include "fernhorn/buttons/callback_buttons.hpp"
 #include "fernhorn/buttons/parameter_buttons.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/event_host.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 #include "platform/assets/image_painter.hpp"
 #include "platform/testing/window_testing.hpp"
 
@@ -29,22 +30,14 @@ const platform::ImageAsset* image(const char* name) {
     return resourceBundle().assets().image(QString::fromLatin1(name));
 }
 
-class ParameterButtons : public testing::Test {
+class ParameterButtons : public WithParameter {
   protected:
-    core::MainQueue queue;
     QWidget window;
-    std::shared_ptr<AudioParameter> parameter;
-    AutomationEvents events;
 
     static void SetUpTestSuite() { resourceBundle().assets().registerFonts(); }
     void SetUp() override { window.resize(400, 200); }
-    void makeParameter(TestParameter what) {
-        parameter = what.on(queue);
-        events.clear();
-        recordEvents(*parameter, events);
-    }
     void makeIndexed(float value = 0) {
-        makeParameter({.range = {0, 2}, .defaultValue = value, .valueStrings = waves});
+        use({.range = {0, 2}, .defaultValue = value, .valueStrings = waves});
     }
     template<class Button>
     Button& place(Button* button, QPoint at = {10, 10}) {
@@ -56,10 +49,6 @@ class ParameterButtons : public testing::Test {
     }
     ChaosToggleButton& placeChaos(int index, QPoint at = {10, 10}) {
         return place(new ChaosToggleButton(parameter, index, yellow, size), at);
-    }
-    void setByHost(float value) {
-        parameter->setValue(value, fromUnit, change);
-        queue.drain();
     }
 };
 
@@ -137,8 +126,24 @@ TEST_F(ParameterButtons, ShowTheImageOfTheirState) {
          {2},
          {"chaos-button-small-yellow-right", "chaos-button-small-yellow-left",
           "chaos-button-small-yellow-right-down", "chaos-button-small-yellow-left-down"}},
+        {[this] {
+             return new ParameterHoldButton(parameter, image("hold-pad"), image("hold-pad-down"));
+         },
+         {0, 1},
+         {},
+         {"hold-pad", {}, "hold-pad-down"}},
+        {[] {
+             return new ImageButton(image("die-button"), image("die-button-down"), {}, {36, 36});
+         },
+         {0},
+         {},
+         {"die-button", {}, "die-button-down"}},
+        {[] { return new ChaosButton(yellow, {}, {}, size); },
+         {0},
+         {},
+         {"chaos-button-yellow", {}, "chaos-button-yellow-down"}},
     };
-    makeParameter({.range = {-1, 2}});
+    use({.range = {-1, 2}});
     for (const auto& [make, off, on, images] : cases) {
         const std::unique_ptr<PressButton> button(make());
         EXPECT_EQ(button->size(), button->buttonSize().toSize());
@@ -156,28 +161,8 @@ TEST_F(ParameterButtons, ShowTheImageOfTheirState) {
             }
         }
         button->setEnabled(false);
-        EXPECT_NE(pictureOf(*button), pictureOf(images[1], button->buttonSize()));
+        EXPECT_NE(pictureOf(*button), pictureOf(images[on.empty() ? 0 : 1], button->buttonSize()));
         setByHost(0);
-    }
-}
-
-TEST_F(ParameterButtons, HoldAndCallbackButtonsShowWhetherTheyArePressed) {
-    makeParameter({.defaultValue = 1});
-    ParameterHoldButton hold(parameter, image("hold-pad"), image("hold-pad-down"));
-    ImageButton die(image("die-button"), image("die-button-down"), {}, {36, 36});
-    ChaosButton chaos(yellow, {}, {}, size);
-    const struct {
-        PressButton& button;
-        const char *atRest, *pressed;
-    } cases[] = {{hold, "hold-pad", "hold-pad-down"},
-                 {die, "die-button", "die-button-down"},
-                 {chaos, "chaos-button-yellow", "chaos-button-yellow-down"}};
-    for (const auto& [button, atRest, pressed] : cases) {
-        EXPECT_EQ(pictureOf(button), pictureOf(atRest, button.buttonSize()));
-        QTest::mousePress(&button, Qt::LeftButton);
-        EXPECT_EQ(pictureOf(button), pictureOf(pressed, button.buttonSize()));
-        QTest::mouseRelease(&button, Qt::LeftButton, {}, {500, 500});
-        EXPECT_EQ(pictureOf(button), pictureOf(atRest, button.buttonSize()));
     }
 }
 
@@ -224,6 +209,7 @@ TEST_F(ParameterButtons, HaveTheCaptionAndItsCase) {
 
 // Presses.
 
+// How a press ends is tested for all buttons at once; here, that its touch is closed.
 TEST_F(ParameterButtons, EveryEndOfAPressClosesItsTouch) {
     const std::function<void(PressButton&)> ends[] = {
         [](auto& button) {
@@ -232,57 +218,33 @@ TEST_F(ParameterButtons, EveryEndOfAPressClosesItsTouch) {
         [](auto& button) {
             QTest::mouseRelease(&button, Qt::LeftButton, {}, {84, 35});
         },
-        [](auto& button) { button.setEnabled(false); },
         [](auto& button) { button.window()->setEnabled(false); },
         [](auto& button) { button.hide(); },
         [](auto& button) { button.window()->close(); },
         [](auto& button) { delete &button; },
-        [](auto& button) { QTest::keyClick(&button, Qt::Key_Escape); },
-        [](auto& /*button*/) { // another window comes
-            QWidget other;
-            showActive(other);
-        },
-        [](auto& button) { // the mouse was released where nobody heard of it
-            QMouseEvent move(QEvent::MouseMove, {5, 5}, {5, 5}, {5, 5}, Qt::NoButton, Qt::NoButton,
-                             {});
-            QCoreApplication::sendEvent(&button, &move);
-        },
     };
-    bool isFirst = true;
     for (const auto& end : ends) {
         makeIndexed();
-        auto& button = placeChaos(1);
-        QTest::mousePress(&button, Qt::LeftButton, {}, {5, 5});
-        EXPECT_TRUE(button.isPressed());
+        const QPointer<PressButton> button(&placeChaos(1));
+        QTest::mousePress(button, Qt::LeftButton, {}, {5, 5});
         EXPECT_THAT(events, ElementsAre(Pair(1, 0)));
-        // A second mouse button, or a second press, is nothing new.
-        QTest::mousePress(&button, Qt::RightButton, {}, {5, 5});
-        QTest::mouseRelease(&button, Qt::RightButton, {}, {5, 5});
-        QTest::mousePress(&button, Qt::LeftButton, {}, {5, 5});
-        EXPECT_EQ(events.size(), 1U);
-        const QPointer<PressButton> alive(&button);
-        end(button);
+        end(*button);
         queue.drain();
-        if (isFirst) {
+        if (&end == ends) {
             EXPECT_THAT(events, ElementsAre(Pair(1, 0), Pair(0, 1), Pair(2, 1)));
         } else {
             EXPECT_THAT(events, ElementsAre(Pair(1, 0), Pair(2, 0)));
         }
-        if (alive != nullptr) {
-            EXPECT_FALSE(alive->isPressed());
-        }
-        isFirst = false;
-        delete alive;
+        EXPECT_FALSE(button != nullptr && button->isPressed());
+        delete button;
         window.setEnabled(true);
-        events.clear();
     }
 }
 
 TEST_F(ParameterButtons, AHoldButtonIsOneWhileHeldByMouseOrKey) {
-    makeParameter({.defaultValue = 1});
+    use({.defaultValue = 1});
     auto& button =
         place(new ParameterHoldButton(parameter, image("hold-pad"), image("hold-pad-down")));
-    EXPECT_EQ(button.buttonSize(), image("hold-pad")->size());
     const auto expectHeld = [&](bool isHeld) {
         queue.drain();
         EXPECT_EQ(button.isGestureActive(), isHeld);
@@ -296,8 +258,7 @@ TEST_F(ParameterButtons, AHoldButtonIsOneWhileHeldByMouseOrKey) {
     for (const auto key : {Qt::Key_Space, Qt::Key_Return}) {
         QTest::keyPress(&button, key);
         expectHeld(true);
-        QKeyEvent repeat(QEvent::KeyRelease, key, {}, {}, true);
-        QCoreApplication::sendEvent(&button, &repeat);
+        platform::testing::sendKey(button, QEvent::KeyRelease, key, {}, true);
         expectHeld(true);
         QTest::keyRelease(&button, key);
         expectHeld(false);
@@ -306,28 +267,12 @@ TEST_F(ParameterButtons, AHoldButtonIsOneWhileHeldByMouseOrKey) {
     button.clearFocus();
     expectHeld(false);
     QTest::keyRelease(&button, Qt::Key_Space);
-    const auto count = [&](int type) {
-        return std::ranges::count(events, type, &std::pair<int, float>::first);
-    };
-    EXPECT_EQ(count(1), 4);
-    EXPECT_EQ(count(2), 4);
+    EXPECT_EQ(std::ranges::count(events, 2, &std::pair<int, float>::first), 4);
 }
 
-/// Counts the keys and presses that nobody before it has wanted.
-class Host final : public QWidget {
-  public:
-    int heard = 0;
-
-  protected:
-    bool event(QEvent* event) override {
-        heard += event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress;
-        return QWidget::event(event);
-    }
-};
-
 TEST_F(ParameterButtons, KeysThatPressNothingAndOtherMouseButtonsGoOnToTheHost) {
-    makeParameter({});
-    Host host;
+    use({});
+    EventHost host;
     auto& button = *new ToggleButton(parameter, {}, 13, Qt::white, size, &host);
     host.show();
     for (const auto& [key, modifiers] : {std::pair(Qt::Key_A, Qt::KeyboardModifiers()),
@@ -340,13 +285,16 @@ TEST_F(ParameterButtons, KeysThatPressNothingAndOtherMouseButtonsGoOnToTheHost) 
     QTest::mouseClick(&button, Qt::RightButton);
     QTest::mouseClick(&button, Qt::MiddleButton);
     constexpr int expected = 9; // with the Control and Alt keys themselves
-    EXPECT_EQ(host.heard, expected);
+    EXPECT_EQ(host.events, expected);
     QTest::keyClick(&button, Qt::Key_Space);
     QTest::mouseClick(&button, Qt::LeftButton);
     button.setEnabled(false);
     QTest::mouseClick(&button, Qt::LeftButton); // it stands in the way
-    EXPECT_EQ(host.heard, expected);
+    EXPECT_EQ(host.events, expected);
     EXPECT_EQ(events.size(), 6U);
+    EXPECT_FALSE(
+        QAccessible::queryAccessibleInterface(&button)->actionInterface()->actionNames().contains(
+            QAccessibleActionInterface::toggleAction()));
 }
 
 TEST_F(ParameterButtons, ArrowKeysChooseWithinAGroup) {
@@ -385,16 +333,7 @@ TEST_F(ParameterButtons, ArrowKeysChooseWithinAGroup) {
     EXPECT_EQ(other->value(), 0);
 }
 
-TEST_F(ParameterButtons, CallbacksComeForAClickAndKnowTheOptionKey) {
-    int clicks = 0;
-    auto& chaos = place(new ChaosButton(
-        yellow, "Go", [&] { ++clicks; }, size));
-    QTest::mouseClick(&chaos, Qt::LeftButton);
-    QTest::mousePress(&chaos, Qt::LeftButton);
-    QTest::mouseRelease(&chaos, Qt::LeftButton, {}, {-1, 5});
-    QTest::keyClick(&chaos, Qt::Key_Return);
-    EXPECT_EQ(clicks, 2);
-
+TEST_F(ParameterButtons, CallbacksKnowTheOptionKeyAndMayEndTheirButton) {
     bool isHeld = false;
     std::vector<bool> heard;
     auto& die = place(new ImageButton(
@@ -408,60 +347,21 @@ TEST_F(ParameterButtons, CallbacksComeForAClickAndKnowTheOptionKey) {
     QTest::mouseClick(&die, Qt::LeftButton);
     EXPECT_THAT(heard, ElementsAre(true, true, false));
 
-    QPointer<ChaosButton> self; // a callback may end its button
+    QPointer<ChaosButton> self;
     self = &place(new ChaosButton(
         yellow, "Last", [&] { delete self; }, size));
     QTest::mouseClick(self.data(), Qt::LeftButton);
     EXPECT_EQ(self, nullptr);
 }
 
-// Screen readers. What they are told without asking is tested over the accessibility bus.
-
-TEST_F(ParameterButtons, TellScreenReadersWhatTheyAre) {
-    makeIndexed();
-    const auto mute = TestParameter{}.on(queue);
-    auto& sine = placeChaos(0);
-    auto& saw = placeChaos(1, {100, 10});
-    auto& toggle = place(new ToggleButton(mute, {}, 13, Qt::white, size), {10, 60});
-    auto& arrow = place(new LeftRightArrowButton(mute, 1, {40, 28}), {100, 60});
-    const auto reader = [](QWidget& widget) {
-        return QAccessible::queryAccessibleInterface(&widget);
-    };
-    EXPECT_EQ(reader(saw)->role(), QAccessible::RadioButton);
-    EXPECT_EQ(reader(saw)->text(QAccessible::Description), "Parameter");
-    EXPECT_TRUE(reader(sine)->state().checked);
-    EXPECT_FALSE(reader(saw)->state().checked);
-    EXPECT_EQ(reader(toggle)->role(), QAccessible::CheckBox);
-    EXPECT_TRUE(reader(toggle)->state().checkable);
-    EXPECT_FALSE(reader(toggle)->state().checked);
-    EXPECT_EQ(reader(arrow)->role(), QAccessible::Button);
-    EXPECT_FALSE(reader(arrow)->state().checkable);
-    EXPECT_EQ(reader(arrow)->text(QAccessible::Description), "Right");
-
-    auto* const actions = reader(toggle)->actionInterface();
-    ASSERT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
-    actions->doAction(QAccessibleActionInterface::toggleAction());
-    EXPECT_TRUE(reader(toggle)->state().pressed);
-    EXPECT_TRUE(platform::testing::runUntil([&] { return !toggle.isPressed(); }));
-    queue.drain();
-    EXPECT_TRUE(reader(toggle)->state().checked);
-    EXPECT_EQ(reader(arrow)->text(QAccessible::Description), "Left");
-    toggle.setEnabled(false);
-    EXPECT_FALSE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
-}
-
 TEST_F(ParameterButtons, TheFocusRingIsForTheKeyboard) {
-    makeParameter({});
+    use({});
     auto& button = place(new ToggleButton(parameter, QString(), 13, Qt::white, {60, 27}));
     const QImage plain = pictureOf(button);
     button.setFocus(Qt::MouseFocusReason);
     EXPECT_EQ(pictureOf(button), plain);
     button.clearFocus();
     button.setFocus(Qt::TabFocusReason);
-    EXPECT_NE(pictureOf(button), plain);
-    QWidget other;
-    showActive(other); // borrows the keyboard
-    showActive(window);
     EXPECT_NE(pictureOf(button), plain);
 }
 
@@ -487,8 +387,8 @@ TEST_F(ParameterButtons, StylesPaintTheLabelOverTheImageOfTheState) {
         for (const QString& label : {QString(), QStringLiteral("HELLIT")}) {
             platform::Button button(label, expected.style);
             button.setLabelWidth(70);
+            EXPECT_EQ(button.sizeHint().height(), expected.height);
             button.resize(button.sizeHint());
-            EXPECT_EQ(button.height(), expected.height);
             for (const char* const name : {expected.atRest, expected.pressed}) {
                 button.setDown(name == expected.pressed);
                 if (label.isEmpty()) {

@@ -1,27 +1,16 @@
 #include "fernhorn/buttons/parameter_press.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <functional>
 
 namespace fernhorn {
 namespace {
 
-using testing::ElementsAre;
-using testing::Pair;
-
-class ParameterPressTest : public testing::Test {
+class ParameterPressTest : public WithParameter {
   protected:
-    core::MainQueue queue;
-    std::shared_ptr<AudioParameter> parameter;
-    AutomationEvents events;
-
-    void makeParameter(float value) {
-        parameter = TestParameter{.range = {0, 3}, .defaultValue = value}.on(queue);
-        events.clear();
-        recordEvents(*parameter, events);
-    }
+    void makeParameter(float value) { use({.range = {0, 3}, .defaultValue = value}); }
 };
 
 TEST_F(ParameterPressTest, WritesWhatItsEditSaysBetweenOneTouchAndOneRelease) {
@@ -67,7 +56,7 @@ TEST_F(ParameterPressTest, ChoosingTheValueAgainOnlyTouches) {
     press.follow(PressStep::began);
     queue.drain();
     press.follow(PressStep::clicked);
-    EXPECT_THAT(events, ElementsAre(Pair(1, 2), Pair(2, 2)));
+    EXPECT_EQ(events, (AutomationEvents{{1, 2}, {2, 2}}));
 }
 
 TEST_F(ParameterPressTest, TwoClicksInOneBurstOfEventsAreTwo) {

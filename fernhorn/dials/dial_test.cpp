@@ -1,5 +1,6 @@
 #include "fernhorn/dials/pictures.hpp"
 #include "fernhorn/testing/dials_fixture.hpp"
+#include "fernhorn/testing/event_host.hpp"
 
 #include <QApplication>
 #include <QPainter>
@@ -14,37 +15,11 @@ namespace {
 using platform::testing::showActive;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Pair;
-
-TEST_F(Dials, HaveTheirNumbersAndImages) {
-    const ChaosDial chaos(parameter, ModernDialColor::grey, look);
-    const MediumDial medium(parameter, SmallDialColor::purple, look);
-    const TinyDial tiny(parameter, look);
-    const struct {
-        const Dial& dial;
-        double minDrag;
-        float factor;
-        double overhang;
-    } cases[] = {{chaos, 6, 0.005F, 16}, {medium, 6, 0.005F, 16}, {tiny, 3, 0.01F, 0}};
-    for (const auto& [dial, minDrag, factor, overhang] : cases) {
-        EXPECT_EQ(dial.imageCount(), 51);
-        EXPECT_EQ(dial.knobMinDrag(), minDrag);
-        EXPECT_EQ(dial.knobDragScaleFactor(), factor);
-        EXPECT_EQ(dial.overhang(), overhang);
-        EXPECT_EQ(dial.formatter()->format(0.25F), "0.2"); // one place, halves to even
-        EXPECT_EQ(dial.imageIndex(), 1);                   // until it is shown
-    }
-    for (const char* color : {"pluginGrey", "pluginBlue", "pluginYellow", "pluginRed",
-                              "pluginPurple", "tinyDialLabel"}) {
-        EXPECT_TRUE(resourceBundle().assets().color(QLatin1String(color)).isValid()) << color;
-    }
-}
 
 TEST_F(Dials, ShowTheFrameOfTheValueWhereItBelongs) {
     struct Case {
         Dial* dial;
         const char* frames;
-        QPoint knob; // in a dial of its own size
     };
     LabelDisplayOptions narrow = look;
     narrow.showSuffix = false;
@@ -52,11 +27,11 @@ TEST_F(Dials, ShowTheFrameOfTheValueWhereItBelongs) {
     narrow.valueFontSize = 8;
     for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
         const Case cases[] = {
-            {new ChaosDial(parameter, ModernDialColor::grey, narrow), "knobs/chaos-dial-grey_", {}},
-            {new MediumDial(parameter, SmallDialColor::red, narrow), "knobs/dial-medium-red-", {}},
-            {new TinyDial(parameter, narrow), "knobs/dial-small-grey-", {}},
+            {new ChaosDial(parameter, ModernDialColor::grey, narrow), "knobs/chaos-dial-grey_"},
+            {new MediumDial(parameter, SmallDialColor::red, narrow), "knobs/dial-medium-red-"},
+            {new TinyDial(parameter, narrow), "knobs/dial-small-grey-"},
         };
-        for (const auto& [dial, frames, knob] : cases) {
+        for (const auto& [dial, frames] : cases) {
             dial->setParent(&window);
             dial->resize(dial->sizeHint());
             dial->ensurePolished();
@@ -85,67 +60,70 @@ TEST_F(Dials, ShowTheFrameOfTheValueWhereItBelongs) {
     }
 }
 
-TEST_F(Dials, FramesAreReducedOnceFromTheNextLargerVariant) {
+TEST_F(Dials, FramesAreReducedWhereThereIsLessRoom) {
     const auto* const image =
         resourceBundle().assets().image(QStringLiteral("knobs/chaos-dial-grey_26"));
-    const auto reduced = [&](qreal from, qreal to) {
-        return image->image(from).scaled((image->size() * to).toSize(), Qt::IgnoreAspectRatio,
-                                         Qt::SmoothTransformation);
-    };
-    EXPECT_EQ(image->image(1.25), reduced(2, 1.25));
-    EXPECT_EQ(image->image(1.5), reduced(2, 1.5));
-    // Also in a frame that is smaller than the image.
     QImage drawn(28, 32, QImage::Format_ARGB32_Premultiplied);
     drawn.fill(Qt::black);
     QImage expected = drawn;
     QPainter painter(&drawn);
     FilmStrip::ofKit(QStringLiteral("knobs/chaos-dial-grey_"), 51).paint(painter, drawn.rect(), 26);
     FilmStrip::ofKit(QStringLiteral("knobs/none"), 2).paint(painter, drawn.rect(), 1);
-    QPainter(&expected).drawImage(0, 0, reduced(1, 0.5));
+    QPainter(&expected).drawImage(
+        0, 0,
+        image->image(1).scaled(drawn.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     EXPECT_EQ(drawn, expected);
 }
 
 TEST_F(Dials, DoubleClickAndAltClickResetTheKnobOnly) {
     auto& dial = placeDial();
-    setByHost(0.75F);
-    QTest::mousePress(&dial, Qt::LeftButton, {}, {5, 5});
-    QTest::mouseRelease(&dial, Qt::LeftButton, {}, {5, 5});
-    QTest::mouseDClick(&dial, Qt::LeftButton, {}, {5, 5});
-    QTest::mouseRelease(&dial, Qt::LeftButton, {}, {5, 5});
-    EXPECT_THAT(events, ElementsAre(Pair(0, 0.5F)));
-    setByHost(0.75F);
-    QTest::mouseClick(&dial, Qt::LeftButton, Qt::AltModifier, {5, 5});
-    EXPECT_THAT(events, ElementsAre(Pair(0, 0.5F), Pair(0, 0.5F)));
+    for (const auto modifiers : {Qt::NoModifier, Qt::AltModifier}) {
+        setByHost(0.75F);
+        QTest::mouseClick(&dial, Qt::LeftButton, modifiers, {5, 5});
+        if (modifiers == Qt::NoModifier) {
+            EXPECT_THAT(events, IsEmpty());
+            QTest::mouseDClick(&dial, Qt::LeftButton, {}, {5, 5});
+            QTest::mouseRelease(&dial, Qt::LeftButton, {}, {5, 5});
+        }
+        EXPECT_EQ(std::exchange(events, {}), (AutomationEvents{{0, 0.5F}}));
+    }
     setByHost(0.75F);
     QTest::mouseClick(&dial, Qt::LeftButton, Qt::AltModifier, {dial.width() / 2, 48});
-    EXPECT_EQ(events.size(), 2U); // that was the label's
+    EXPECT_THAT(events, IsEmpty()); // that was the label's
     EXPECT_TRUE(dial.isEditing());
 }
 
-TEST_F(Dials, ADragFromTheLabelTurnsTheKnob) {
-    auto& dial = placeDial();
-    const QPoint on(dial.width() / 2, 48);
-    QTest::mousePress(&dial, Qt::LeftButton, {}, on);
-    QTest::mouseMove(&dial, on - QPoint(0, 6));
-    QTest::mouseMove(&dial, on - QPoint(0, 16));
-    EXPECT_EQ(QToolTip::text(), QString()); // the label says it
-    QTest::mouseRelease(&dial, Qt::LeftButton, {}, on);
-    EXPECT_NEAR(value(), 0.55F, 1e-5);
-    EXPECT_FALSE(dial.isEditing());
-    EXPECT_EQ(events.size(), 3U);
+TEST_F(Dials, ADragTurnsTheKnobAlsoFromTheLabel) {
+    const struct {
+        Dial* dial;
+        int minDrag;
+        float each; // point beyond that
+        bool isOnLabel = false;
+    } cases[] = {{new ChaosDial(parameter, ModernDialColor::grey, look), 6, 0.005F},
+                 {new ChaosDial(parameter, ModernDialColor::grey, look), 6, 0.005F, true},
+                 {new MediumDial(parameter, SmallDialColor::purple, look), 6, 0.005F},
+                 {new TinyDial(parameter, look), 3, 0.01F}};
+    for (const auto& [dial, minDrag, each, isOnLabel] : cases) {
+        setByHost(0.5F);
+        events.clear();
+        place(dial);
+        const QPoint from = isOnLabel ? QPoint(dial->width() / 2, 48) : QPoint(5, 5);
+        QTest::mousePress(dial, Qt::LeftButton, {}, from);
+        QTest::mouseMove(dial, from - QPoint(0, minDrag - 1));
+        EXPECT_THAT(events, IsEmpty());
+        QTest::mouseMove(dial, from - QPoint(0, minDrag));
+        QTest::mouseMove(dial, from - QPoint(0, minDrag + 10));
+        EXPECT_EQ(QToolTip::text(), QString()); // the label says it
+        QTest::mouseRelease(dial, Qt::LeftButton, {}, from);
+        EXPECT_NEAR(value(), 0.5F + 10 * each, 1e-5);
+        EXPECT_EQ(events.size(), 3U);
+        EXPECT_FALSE(dial->isEditing());
+        delete dial;
+    }
 }
 
-/// A host that counts the keys it gets.
-class Host final : public QWidget {
-  public:
-    std::vector<int> keys;
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override { keys.push_back(event->key()); }
-};
-
 TEST_F(Dials, KeysThatNobodyNeedsGoOnToTheHost) {
-    Host host;
+    EventHost host;
     host.resize(200, 200);
     auto* const dial =
         new ChaosDial(parameter, ModernDialColor::grey, look, nullptr, countEnd(), &host);

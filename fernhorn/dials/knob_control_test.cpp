@@ -13,6 +13,8 @@ namespace {
 
 using platform::testing::runFor;
 using platform::testing::runUntil;
+using platform::testing::sendMove;
+using platform::testing::sendWheel;
 using platform::testing::showActive;
 using testing::ElementsAre;
 using testing::FloatNear;
@@ -45,14 +47,14 @@ TEST_F(Dials, ADragHidesThePointerAndShowsTheValue) {
     QTest::mouseMove(&dial, {5, -1});
     EXPECT_EQ(dial.lastDragValue(), -1);
     EXPECT_EQ(dial.cursor().shape(), Qt::BlankCursor);
-    move(dial, {5, -21});
+    sendMove(dial, {5, -21});
     EXPECT_NEAR(value(), 60, 1e-4);
     EXPECT_EQ(QToolTip::text(), QStringLiteral("60.0 %"));
-    move(dial, {5, -41}, Qt::ShiftModifier);
+    sendMove(dial, {5, -41}, Qt::LeftButton, Qt::ShiftModifier);
     EXPECT_NEAR(value(), 61, 1e-4);
     QTest::mousePress(&dial, Qt::RightButton, {}, {5, -41}); // in the midst of it
     QTest::mouseRelease(&dial, Qt::RightButton, {}, {5, -41});
-    EXPECT_TRUE(turnWheel(dial, 120));
+    EXPECT_TRUE(sendWheel(dial, 120));
     QTest::keyClick(&dial, Qt::Key_End);
     EXPECT_TRUE(parameter->isBeingInteractivelyEdited());
     QTest::mouseRelease(&dial, Qt::LeftButton, {}, {5, -41});
@@ -66,14 +68,14 @@ TEST_F(Dials, WhateverTakesThePointerAwayReleasesTheTouch) {
     auto& dial = placeDial();
     const std::function<void()> ends[] = {
         [&] {
-            move(dial, {5, 60}, {}, Qt::NoButton);
+            sendMove(dial, {5, 60}, Qt::NoButton);
         }, // the release went elsewhere
         [&] { dial.setEnabled(false), dial.setEnabled(true); },
         [&] { dial.hide(), dial.show(); },
         [&] { window.close(), showActive(window); },
         [&] {
-            QWidget other, *p = &other;
-            showActive(*p), QApplication::setActiveWindow(&window);
+            QWidget other;
+            showActive(other), QApplication::setActiveWindow(&window);
         },
         [&] {
             QFocusEvent event(QEvent::FocusOut);
@@ -89,7 +91,7 @@ TEST_F(Dials, WhateverTakesThePointerAwayReleasesTheTouch) {
         end();
         EXPECT_THAT(events, ElementsAre(Pair(1, 0.5F), Pair(2, 0.5F)));
         if (&end != std::end(ends) - 1) {
-            move(dial, {5, 90});
+            sendMove(dial, {5, 90});
             QTest::mouseRelease(&dial, Qt::LeftButton, {}, {5, 90});
             EXPECT_EQ(events.size(), 2U) << &end - ends;
         }
@@ -98,13 +100,11 @@ TEST_F(Dials, WhateverTakesThePointerAwayReleasesTheTouch) {
 
 TEST_F(Dials, WheelAndKeysAreEdits) {
     auto& dial = placeDial();
-    EXPECT_TRUE(turnWheel(dial, 60));
-    EXPECT_TRUE(turnWheel(dial, 60));
+    EXPECT_TRUE(sendWheel(dial, 120));
     EXPECT_TRUE(parameter->isBeingInteractivelyEdited());
     EXPECT_TRUE(runUntil([&] { return !parameter->isBeingInteractivelyEdited(); }));
-    EXPECT_THAT(events,
-                ElementsAre(Pair(1, 0.5F), Pair(0, FloatNear(0.51F, 1e-5F)),
-                            Pair(0, FloatNear(0.52F, 1e-5F)), Pair(2, FloatNear(0.52F, 1e-5F))));
+    EXPECT_THAT(events, ElementsAre(Pair(1, 0.5F), Pair(0, FloatNear(0.52F, 1e-5F)),
+                                    Pair(2, FloatNear(0.52F, 1e-5F))));
     setByHost(0.5F);
     const struct {
         Qt::Key key;
@@ -137,50 +137,41 @@ TEST_F(Dials, ScrollingAPageThatHoldsThemTurnsNone) {
     auto* const dial = new ChaosDial(parameter, ModernDialColor::grey, look, nullptr, {}, content);
     page.resize(140, 200);
     showActive(page);
-    EXPECT_FALSE(turnWheel(*dial, 120));
+    EXPECT_FALSE(sendWheel(*dial, 120));
     QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
     QCoreApplication::sendEvent(dial, &enter);
-    EXPECT_FALSE(turnWheel(*dial, 120)); // the hand trembled
+    EXPECT_FALSE(sendWheel(*dial, 120)); // the hand trembled
     EXPECT_THAT(events, IsEmpty());
     runFor(300);
-    EXPECT_TRUE(turnWheel(*dial, 120));
+    EXPECT_TRUE(sendWheel(*dial, 120));
     EXPECT_EQ(events.size(), 2U);
 }
 
-TEST_F(Dials, TellScreenReadersWhatTheyAre) {
+// Names, roles and actions are tested over the accessibility bus.
+TEST_F(Dials, GiveScreenReadersTheValuesThatAreShown) {
     use({.units = Units::absoluteCents, .range = {0, 12800}, .defaultValue = 1200});
     auto& dial = placeDial();
     auto* const accessible = QAccessible::queryAccessibleInterface(&dial);
-    EXPECT_EQ(accessible->role(), QAccessible::Slider);
-    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Parameter"));
-    EXPECT_EQ(accessible->text(QAccessible::Description), QStringLiteral("12.0"));
     auto& values = *accessible->valueInterface();
     EXPECT_NEAR(values.currentValue().toDouble(), 12, 1e-5);
-    EXPECT_NEAR(values.minimumValue().toDouble(), 0, 1e-5);
     EXPECT_NEAR(values.maximumValue().toDouble(), 128, 1e-4);
     EXPECT_NEAR(values.minimumStepSize().toDouble(), 2.56, 1e-4);
     values.setCurrentValue(50.0);
     EXPECT_NEAR(values.currentValue().toDouble(), 50, 1e-5); // before the queue is drained
     EXPECT_EQ(value(), 5000);
     values.setCurrentValue(QStringLiteral("nonsense"));
-    EXPECT_EQ(events.size(), 3U);
     auto& actions = *accessible->actionInterface();
-    actions.doAction(QAccessibleActionInterface::increaseAction());
-    EXPECT_NEAR(value(), 5256, 0.01);
     actions.doAction(QAccessibleActionInterface::decreaseAction());
-    EXPECT_EQ(events.size(), 9U);
-    actions.doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_TRUE(dial.isEditing());
+    EXPECT_NEAR(value(), 4744, 0.01);
+    EXPECT_EQ(events.size(), 6U);
     dial.setEnabled(false);
     EXPECT_FALSE(actions.actionNames().contains(QAccessibleActionInterface::increaseAction()));
     actions.doAction(QAccessibleActionInterface::increaseAction());
     values.setCurrentValue(1.0);
-    EXPECT_EQ(events.size(), 9U);
+    EXPECT_EQ(events.size(), 6U);
 
-    use({.units = Units::hertz, .range = {20, 20000}, .defaultValue = 440});
     auto* const label = QAccessible::queryAccessibleInterface(&placeLabel());
     EXPECT_EQ(label->role(), QAccessible::Button);
-    EXPECT_EQ(label->text(QAccessible::Description), QStringLiteral("440.0 Hz"));
     label->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(static_cast<DialLabel*>(label->object())->isEditing());
 }

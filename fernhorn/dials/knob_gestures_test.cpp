@@ -1,5 +1,5 @@
 #include "fernhorn/dials/knob_gestures.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 
 #include <gmock/gmock.h>
 
@@ -14,23 +14,10 @@ using Units = platform::AudioUnitParameterUnit;
 
 constexpr KnobFeel chaos{6, 0.005F};
 
-class KnobGestures : public testing::Test {
+class KnobGestures : public WithParameter {
   protected:
-    core::MainQueue queue;
-    std::shared_ptr<AudioParameter> parameter;
-    AutomationEvents events;
-
-    void use(TestParameter what) {
-        parameter = what.on(queue);
-        events.clear();
-        recordEvents(*parameter, events);
-    }
     void useIndexed(float value) {
         use({.units = Units::indexed, .range = {0, 3}, .defaultValue = value});
-    }
-    float value() {
-        queue.drain();
-        return parameter->value();
     }
 };
 
@@ -53,51 +40,40 @@ TEST_F(KnobGestures, ADragMovesByTheTravelAfterItsBeginning) {
     EXPECT_FALSE(parameter->isBeingInteractivelyEdited());
 }
 
-TEST_F(KnobGestures, ADragStopsAtTheEndsAndTurnsBackAtOnce) {
-    use({.defaultValue = 0.5F});
-    KnobDrag drag(parameter, chaos);
-    drag.press({0, 0}, 1, false);
-    drag.move({0, -6}, false);
-    drag.move({0, -1000}, false);
-    EXPECT_EQ(value(), 1);
-    drag.move({0, -980}, false);
-    EXPECT_NEAR(value(), 0.9F, 1e-6);
-    drag.move({0, 5000}, false);
-    EXPECT_EQ(value(), 0);
-    drag.move({0, 4980}, false);
-    EXPECT_NEAR(value(), 0.1F, 1e-6);
-    drag.move({0, std::numeric_limits<double>::quiet_NaN()}, false);
-    EXPECT_EQ(value(), 0);
-}
-
-TEST_F(KnobGestures, AnIndexedParameterTurnsAtHalfTheWay) {
-    useIndexed(0);
-    KnobDrag drag(parameter, chaos);
-    drag.press({0, 0}, 1, false);
-    drag.move({0, -6}, false);
-    drag.move({0, -39}, false); // 33 of 200 points over 0…3: 0.495
-    EXPECT_EQ(value(), 0);
-    EXPECT_NEAR(*drag.continuousDragValue(), 0.495F, 1e-5);
-    drag.move({0, -40}, false); // 0.51
-    EXPECT_EQ(value(), 1);
-    EXPECT_NEAR(*drag.continuousDragValue(), 0.51F, 1e-5);
-}
-
-TEST_F(KnobGestures, ShiftIsFinerFromWhereTheDragStands) {
-    use({});
-    KnobDrag drag(parameter, chaos);
-    drag.press({0, 0}, 1, false);
-    drag.move({0, -6}, false);
-    drag.move({0, -106}, false);
-    EXPECT_NEAR(value(), 0.5F, 1e-6);
-    drag.move({0, -106}, true); // the key alone moves nothing
-    EXPECT_NEAR(value(), 0.5F, 1e-6);
-    drag.move({0, -126}, true);
-    EXPECT_NEAR(value(), 0.51F, 1e-6);
-    drag.move({0, -126}, false);
-    EXPECT_NEAR(value(), 0.51F, 1e-6);
-    drag.move({0, -128}, false);
-    EXPECT_NEAR(value(), 0.52F, 1e-6);
+TEST_F(KnobGestures, ADragGoesWithThePointer) {
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    struct Move {
+        double y;
+        float value;
+        bool isFine = false;
+        std::optional<float> continuous = {};
+    };
+    const struct {
+        const char* what;
+        TestParameter parameter;
+        std::vector<Move> moves; // from 6 points up, where the drag begins
+    } cases[] = {
+        {"stops at the ends and turns back at once",
+         {.defaultValue = 0.5F},
+         {{-1000, 1}, {-980, 0.9F}, {5000, 0}, {4980, 0.1F}, {nan, 0}}},
+        {"an indexed one turns at half the way, of 200 points over 0…3",
+         {.units = Units::indexed, .range = {0, 3}},
+         {{-39, 0, false, 0.495F}, {-40, 1, false, 0.51F}}},
+        {"Shift is finer from where the drag stands, and the key alone moves nothing",
+         {},
+         {{-106, 0.5F}, {-106, 0.5F, true}, {-126, 0.51F, true}, {-126, 0.51F}, {-128, 0.52F}}},
+    };
+    for (const auto& [what, with, moves] : cases) {
+        use(with);
+        KnobDrag drag(parameter, chaos);
+        drag.press({0, 0}, 1, false);
+        drag.move({0, -6}, false);
+        for (const auto& [y, expected, isFine, continuous] : moves) {
+            drag.move({0, y}, isFine);
+            EXPECT_NEAR(value(), expected, 1e-6) << what << " at " << y;
+            EXPECT_NEAR(*drag.continuousDragValue(), continuous.value_or(expected), 1e-5) << what;
+        }
+    }
 }
 
 TEST_F(KnobGestures, DoubleClickAndAltClickResetInOneChange) {
@@ -163,14 +139,22 @@ TEST_F(KnobGestures, WhoeverHearsOfAnEditMayDestroyIt) {
                 drag.reset();
             }
         });
-        KnobDrag& used = *drag;
-        used.press({0, 0}, 1, false);
-        used.move({0, -10}, false);
-        if (drag != nullptr) {
-            used.move({0, -20}, false);
-        }
-        if (drag != nullptr) {
-            used.release({0, -20});
+        const std::function<void(KnobDrag&)> steps[] = {[](auto& it) {
+                                                            it.press({0, 0}, 1, false);
+                                                        },
+                                                        [](auto& it) {
+                                                            it.move({0, -10}, false);
+                                                        },
+                                                        [](auto& it) {
+                                                            it.move({0, -20}, false);
+                                                        },
+                                                        [](auto& it) {
+                                                            it.release({0, -20});
+                                                        }};
+        for (const auto& step : steps) {
+            if (drag != nullptr) {
+                step(*drag);
+            }
         }
         EXPECT_EQ(drag, nullptr);
         EXPECT_EQ(events.front().first, 1);
@@ -207,12 +191,10 @@ TEST_F(KnobGestures, ABurstOfTheWheelIsOneTouch) {
 TEST_F(KnobGestures, ANotchIsAValueOfAnIndexedParameter) {
     useIndexed(1);
     KnobWheel wheel(parameter);
-    wheel.turn(at(0), 0.4F, false, false);
-    EXPECT_EQ(value(), 1);
-    wheel.turn(at(0), 0.6F, false, false);
-    EXPECT_EQ(value(), 2);
-    wheel.turn(at(0), 5, false, false);
-    EXPECT_EQ(value(), 3);
+    for (const auto& [notches, expected] : {std::pair(0.4F, 1), {0.6F, 2}, {5.0F, 3}}) {
+        wheel.turn(at(0), notches, false, false);
+        EXPECT_EQ(value(), static_cast<float>(expected));
+    }
 }
 
 TEST_F(KnobGestures, ScrollingPastTurnsNothing) {

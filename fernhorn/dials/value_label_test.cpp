@@ -1,4 +1,3 @@
-#include "fernhorn/format/label_name_formatter.hpp"
 #include "fernhorn/testing/dials_fixture.hpp"
 
 #include <QApplication>
@@ -109,7 +108,7 @@ TEST_F(Dials, AutomationReplacesWhatIsTyped) {
     setByHost(0.75F);
     EXPECT_EQ(field(dial).text(), QStringLiteral("0.8"));
     EXPECT_FALSE(field(dial).hasSelectedText());
-    EXPECT_FALSE(turnWheel(dial, 120)); // the page's, not the knob's
+    EXPECT_FALSE(platform::testing::sendWheel(dial, 120)); // the page's, not the knob's
     EXPECT_EQ(value(), 0.75F);
     EXPECT_TRUE(dial.isEditing());
 }
@@ -199,20 +198,6 @@ TEST_F(Dials, TheUnitIsWrittenOnce) {
     bare.showSuffix = false;
     EXPECT_EQ(DialLabel(parameter, wide, kilo, {}, Qt::red, FernFont::rocket).sizeHint(),
               DialLabel(parameter, bare, kilo, {}, Qt::red, FernFont::rocket).sizeHint());
-}
-
-TEST_F(Dials, NamesAreTypedInAnyCase) {
-    use({.units = Units::indexed,
-         .range = {0, 2},
-         .valueStrings = std::vector<std::string>{"Sine", "Saw", "Noise"}});
-    auto& label = placeLabel(std::make_shared<LabelNameFormatter>(*parameter));
-    for (const auto& [text, expected] : {std::pair("NOISE", 2), {"saw", 1}, {"Square", 1}}) {
-        label.openField();
-        field(label).setText(QString::fromUtf8(text));
-        QTest::keyClick(&field(label), Qt::Key_Enter);
-        EXPECT_EQ(value(), static_cast<float>(expected));
-    }
-    EXPECT_EQ(label.valueString(), QStringLiteral("Saw"));
 }
 
 TEST_F(Dials, TheFieldTakesInputMethodText) {

@@ -10,10 +10,8 @@ namespace {
 
 using platform::AudioUnitParameterUnit;
 using testing::ElementsAre;
-using testing::Pair;
 
 constexpr float nan = std::numeric_limits<float>::quiet_NaN();
-constexpr float infinity = std::numeric_limits<float>::infinity();
 
 class AudioParameterTest : public testing::Test {
   protected:
@@ -72,54 +70,16 @@ TEST(AudioParameterAttributes, FollowUnitsStringsAndDependents) {
     EXPECT_EQ(placeholder->normalizedPosition(0), 0);
 }
 
-TEST_F(AudioParameterTest, BringsValuesIntoTheRangeBeforeAnythingElse) {
-    const std::pair<float, float> cases[] = {{0.5F, 0.5F},  {2, 1},         {-1, 0},
-                                             {infinity, 1}, {-infinity, 0}, {1e-45F, 1e-45F},
-                                             {nan, 0},      {1, 1}};
-    for (const auto& [set, stored] : cases) {
-        parameter->setValue(set, fromUi, change);
-        queue.drain();
-        EXPECT_EQ(parameter->value(), stored) << set;
-        EXPECT_EQ(parameter->auParameter()->value(), stored) << set;
-    }
-    EXPECT_DEATH((void)(TestParameter{.range = {nan, nan}}.on(queue)), "range are NaN");
-    EXPECT_DEATH((void)(TestParameter{.range = {1, 0}}.on(queue)), "wrong order");
-}
+// What every sequence of changes, gestures and deliveries leads to is told by a plain model, in
+// edit_protocol_test.cpp. Here is what that model knows nothing of.
 
-TEST_F(AudioParameterTest, WritesTheUnitAtOnceAndShowsTheValueLater) {
+TEST_F(AudioParameterTest, WritesTheHostsTimeAndHearsNoEchoOfAChange) {
     std::uint64_t hostTime = 0;
     parameter->auParameter()->addParameterAutomationObserver(
         [&](const auto& event) { hostTime = event.hostTime; });
-    parameter->setValue(0.5F, fromUi, change);
-    EXPECT_EQ(hostTime, 77U);
-    EXPECT_THAT(events, ElementsAre(Pair(0, 0.5F)));
-    EXPECT_EQ(parameter->value(), 0);
-    EXPECT_EQ(parameter->valueWithPendingEdits(), 0.5F);
-    queue.drain();
-    EXPECT_THAT(shown, ElementsAre(0.5F));
-
-    parameter->setValue(0.75F, fromUnit, begin);
-    EXPECT_EQ(events.size(), 1U) << "what comes from the unit is not written back";
-    EXPECT_EQ(parameter->valueWithPendingEdits(), 0.5F) << "not an edit";
-    queue.drain();
-    EXPECT_THAT(shown, ElementsAre(0.5F, 0.75F));
-}
-
-TEST_F(AudioParameterTest, AnEqualChangeHasNoEffectUnlessSomethingIsPending) {
-    parameter->setValue(0, fromUi, change);
-    EXPECT_TRUE(events.empty());
-    parameter->setValue(0, fromUi, begin);
-    parameter->setValue(0, fromUi, end);
-    queue.drain();
-    EXPECT_THAT(events, ElementsAre(Pair(1, 0), Pair(2, 0)));
-    EXPECT_TRUE(shown.empty());
-
     parameter->setValue(1, fromUi, change);
-    parameter->setValue(0, fromUi, change);
+    EXPECT_EQ(hostTime, 77U);
     queue.drain();
-    EXPECT_THAT(shown, ElementsAre(1, 0));
-    EXPECT_EQ(parameter->auParameter()->value(), 0);
-
     // Within a notification the change that is notified is not pending any more.
     const auto echo =
         parameter->observeValue([&](float value) { parameter->setValue(value, fromUi, change); });
@@ -127,37 +87,13 @@ TEST_F(AudioParameterTest, AnEqualChangeHasNoEffectUnlessSomethingIsPending) {
     parameter->setValue(0.5F, fromUnit, change);
     queue.drain();
     EXPECT_TRUE(events.empty());
+    EXPECT_THAT(shown, ElementsAre(1, 0.5F));
 }
 
-TEST_F(AudioParameterTest, DropsTheUnitsSideDuringAGestureWhenItArrives) {
-    parameter->setValue(0.25F, fromUnit, change);
-    parameter->setBeingInteractivelyEdited(true);
-    parameter->setValue(0.5F, fromUi, change);
-    queue.drain();
-    EXPECT_THAT(shown, ElementsAre(0.5F));
-    parameter->setValue(0.5F, fromUi, change);
-    EXPECT_EQ(events.size(), 1U) << "what was dropped is not pending";
-    parameter->setValue(0.75F, fromUnit, change);
-    parameter->setBeingInteractivelyEdited(false);
-    queue.drain();
-    EXPECT_THAT(shown, ElementsAre(0.5F, 0.75F));
-}
-
-TEST_F(AudioParameterTest, MergesWhatFindsNoRoomInTheOrderOfTheCalls) {
-    for (int i = 0; i < 4; ++i) {
-        queue.post([] {});
-    }
-    parameter->setValue(0.1F, fromUi, begin);
-    parameter->setValue(0.2F, fromUnit, change);
-    parameter->setValue(0.3F, fromUi, change);
-    parameter->setValue(0.4F, fromUi, end);
-    parameter->setValue(0.5F, fromUnit, change);
-    EXPECT_EQ(parameter->valueWithPendingEdits(), 0.4F);
-    queue.drain();
-    EXPECT_THAT(shown, ElementsAre(0.4F, 0.5F));
-    EXPECT_THAT(events, ElementsAre(Pair(1, 0.1F), Pair(0, 0.3F), Pair(2, 0.4F)));
-    parameter->setValue(0.5F, fromUi, change);
-    EXPECT_EQ(events.size(), 3U) << "nothing is left pending";
+TEST(AudioParameterDeathTest, NeedsARange) {
+    core::MainQueue queue;
+    EXPECT_DEATH((void)(TestParameter{.range = {nan, nan}}.on(queue)), "range are NaN");
+    EXPECT_DEATH((void)(TestParameter{.range = {1, 0}}.on(queue)), "wrong order");
 }
 
 TEST_F(AudioParameterTest, LivesUntilItsPendingChangesHaveArrived) {

@@ -1,10 +1,9 @@
 #include "fernhorn/model/parameter_gesture.hpp"
 #include "fernhorn/model/parameter_settings.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/plain_model.hpp"
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <limits>
 #include <optional>
 #include <random>
@@ -19,90 +18,6 @@ constexpr int sequences = 100'000;
 #endif
 constexpr std::size_t queueCapacity = 4;
 
-/// The edit protocol without threads, audio units or queues: what has to happen, step by step.
-struct PlainModel {
-    struct Change {
-        float value;
-        ParameterEditor source;
-    };
-    float shown = 0;
-    float unitValue = 0;
-    bool isEdited = false;
-    bool echoes = false; // whether the unit's writes come back
-    std::deque<Change> single;
-    std::deque<Change> merged; // at most one of each source
-    AutomationEvents events;
-    std::vector<float> notified;
-
-    static float clamped(float value) { return value >= 0 ? (value <= 1 ? value : 1) : 0; }
-
-    void set(float newValue, ParameterEditor source, ParameterEditorState state) {
-        const float value = clamped(newValue);
-        if (state == change && single.empty() && merged.empty() && value == shown) {
-            return;
-        }
-        if (source == fromUi) {
-            writeUnit(value, static_cast<int>(state));
-        }
-        if (merged.empty() && single.size() < queueCapacity) {
-            single.push_back({value, source});
-        } else {
-            std::erase_if(merged, [&](const Change& one) { return one.source == source; });
-            merged.push_back({value, source});
-        }
-    }
-
-    void writeUnit(float value, int eventType) {
-        unitValue = clamped(value);
-        if (echoes) {
-            set(unitValue, fromUnit, change);
-        }
-        events.emplace_back(eventType, unitValue);
-    }
-
-    [[nodiscard]] float newest() const {
-        for (const auto* const line : {&merged, &single}) {
-            for (auto one = line->rbegin(); one != line->rend(); ++one) {
-                if (one->source == fromUi) {
-                    return one->value;
-                }
-            }
-        }
-        return shown;
-    }
-
-    int gestures = 0;
-    void open(bool isDrag) {
-        isEdited = isEdited || isDrag;
-        if (++gestures == 1) {
-            set(newest(), fromUi, begin);
-        }
-    }
-    void close(bool isDrag) {
-        isEdited = isEdited && !isDrag;
-        if (--gestures == 0) {
-            set(newest(), fromUi, end);
-        }
-    }
-
-    void drain(std::size_t count) {
-        // Once changes are merged, a part of them would depend on how the queue counts.
-        for (count = merged.empty() ? count : SIZE_MAX; count > 0; --count) {
-            auto& line = single.empty() ? merged : single;
-            if (line.empty()) {
-                return;
-            }
-            const Change next = line.front();
-            line.pop_front();
-            if ((isEdited && next.source != fromUi) || next.value == shown) {
-                continue;
-            }
-            shown = next.value;
-            notified.push_back(shown);
-        }
-    }
-};
-
 class SilentUnit final : public FernAudioUnit {
   public:
     void setParameter(platform::AUParameterAddress, float) override {}
@@ -114,10 +29,10 @@ struct Rig {
     std::shared_ptr<AudioParameter> parameter = TestParameter{}.on(queue);
     std::shared_ptr<SilentUnit> unit = std::make_shared<SilentUnit>();
     std::shared_ptr<ParameterSettings> settings = std::make_shared<ParameterSettings>();
+    AutomationEvents events; // told until the gestures have gone
+    std::vector<float> notified;
     std::optional<ParameterGesture> drag;
     std::optional<ParameterGesture> press;
-    AutomationEvents events;
-    std::vector<float> notified;
     core::Subscription subscription =
         parameter->observeValue([this](float value) { notified.push_back(value); });
 
@@ -133,8 +48,9 @@ struct Rig {
 
 // One random operation on both.
 void step(Rig& rig, PlainModel& model, std::mt19937& random) {
+    using Limits = std::numeric_limits<float>;
     static constexpr float values[] = {
-        0, 0.25F, 0.5F, 1, -3, 7, std::numeric_limits<float>::quiet_NaN()};
+        0, 0.25F, 0.5F, 1, -3, 7, Limits::quiet_NaN(), -Limits::infinity(), Limits::denorm_min()};
     const float value = values[random() % std::size(values)];
     const bool isDrag = random() % 2 == 0;
     auto& gesture = isDrag ? rig.drag : rig.press;
@@ -183,6 +99,7 @@ TEST(EditProtocol, BehavesAsThePlainModelDoes) {
         const bool echoes = sequence % 2 == 0;
         Rig rig(echoes);
         PlainModel model;
+        model.queueCapacity = queueCapacity;
         model.echoes = echoes;
         const auto isSame = [&] {
             return rig.parameter->value() == model.shown &&

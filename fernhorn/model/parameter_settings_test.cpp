@@ -2,6 +2,7 @@
 
 #include "core/bundle_information.hpp"
 #include "fernhorn/model/parameter_gesture.hpp"
+#include "fernhorn/testing/recording_unit.hpp"
 #include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
@@ -17,14 +18,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::Pair;
-
-class RecordingUnit final : public FernAudioUnit {
-  public:
-    void setParameter(platform::AUParameterAddress address, float value) override {
-        values.emplace_back(address, value);
-    }
-    std::vector<std::pair<platform::AUParameterAddress, float>> values;
-};
 
 class Settings final : public ParameterSettings {
   public:

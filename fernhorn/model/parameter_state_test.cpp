@@ -100,27 +100,28 @@ TEST_F(ParameterStateTest, OlderVersionsAreMigratedAndNewerOnesRefused) {
 TEST(ParameterStateText, RefusesNonsenseWhole) {
     const std::string good = R"({"version": 1, "parameters": {"a": 1}, "of tomorrow": [1]})";
     ASSERT_TRUE(ParameterState::fromText(good).has_value());
-    const std::string bad[] = {
-        "",
-        "nonsense",
-        "[]",
-        R"({"parameters": {}})",
-        R"({"version": 1})",
-        R"({"version": 0, "parameters": {}})",
-        R"({"version": -1, "parameters": {}})",
-        R"({"version": 1.5, "parameters": {}})",
-        R"({"version": "1", "parameters": {}})",
-        R"({"version": 99999999999, "parameters": {}})",
-        R"({"version": 1, "parameters": [1]})",
-        R"({"version": 1, "parameters": {"a": "1"}})",
-        R"({"version": 1, "parameters": {"a": null}})",
-        R"({"version": 1, "parameters": {"a": 1e99}})",
-        R"({"version": 1, "parameters": {"a": 1}, "texts": {"b": 2}})",
-        R"({"version": 1, "parameters": {"a": 1}, "texts": "b"})",
-        good.substr(0, good.size() - 1),
-        good + "x",
-        std::string(100'000, '['),
-    };
+    const std::string head = R"({"version": 1, "parameters": )";
+    const std::string versions[] = {"0", "-1", "1.5", "\"1\"", "99999999999"};
+    const std::string rests[] = {"[1]}",
+                                 R"({"a": "1"}})",
+                                 R"({"a": null}})",
+                                 R"({"a": 1e99}})",
+                                 R"({"a": 1}, "texts": {"b": 2}})",
+                                 R"({"a": 1}, "texts": "b"})"};
+    std::vector<std::string> bad{"",
+                                 "nonsense",
+                                 "[]",
+                                 R"({"parameters": {}})",
+                                 R"({"version": 1})",
+                                 good.substr(0, good.size() - 1),
+                                 good + "x",
+                                 std::string(100'000, '[')};
+    for (const auto& version : versions) {
+        bad.push_back("{\"version\": " + version + R"(, "parameters": {}})");
+    }
+    for (const auto& rest : rests) {
+        bad.push_back(head + rest);
+    }
     for (const auto& text : bad) {
         EXPECT_FALSE(ParameterState::fromText(text).has_value()) << text.substr(0, 60);
     }

@@ -104,42 +104,31 @@ TEST(ValueMapping, ARangeWithoutTravelStaysAtItsLowerBound) {
 }
 
 TEST(ValueMapping, ChoosesTheFrameOfAStrip) {
-    struct Case {
-        ValueRange range;
+    const ValueMapping unit{{0, 1}, linear};
+    const struct {
         float value;
         int count;
         int frame;
-    };
-    const Case cases[] = {{{0, 1}, 0, 31, 1},
-                          {{0, 1}, 1, 31, 31},
-                          {{0, 1}, 0.5F, 31, 16},
-                          {{0, 1}, 0.25F, 3, 2},
-                          {{0, 1}, 0.2499F, 3, 1},
-                          {{0, 1}, 0.75F, 3, 3},
-                          {{0, 1}, -9, 31, 1},
-                          {{0, 1}, 9, 31, 31},
-                          {{0, 1}, 0.7F, 1, 1},
-                          {{0, 1}, 1, 2147483647, 2147483647},
-                          // The last number below 0.5 plus 1 is 1.5 in 32-bit arithmetic.
-                          {{0, 1}, 0.49999997F, 2, 2},
-                          {{0, 1}, smallest, 2, 1}};
-    for (const auto& one : cases) {
-        EXPECT_EQ((ValueMapping{one.range, linear}.imageIndex(one.value, one.count)), one.frame)
-            << one.value << " of " << one.count;
+    } cases[] = {{0, 31, 1},
+                 {1, 31, 31},
+                 {0.5F, 31, 16},
+                 {0.25F, 3, 2},
+                 {0.2499F, 3, 1},
+                 {0.75F, 3, 3},
+                 {-9, 31, 1},
+                 {9, 31, 31},
+                 {0.7F, 1, 1},
+                 {smallest, 2, 1},
+                 {1, 2147483647, 2147483647},
+                 // The last number below 0.5 plus 1 is 1.5 in 32-bit arithmetic.
+                 {0.49999997F, 2, 2}};
+    for (const auto& [value, count, frame] : cases) {
+        EXPECT_EQ(unit.imageIndex(value, count), frame) << value << " of " << count;
     }
-    const ValueMapping unit{{0, 1}, linear};
     EXPECT_DEATH((void)unit.imageIndex(0, 0), "at least one frame");
     for (const float none : {nan, infinity, -infinity, largest}) {
         EXPECT_DEATH((void)unit.imageIndex(none, 31), "No film strip frame") << none;
     }
-}
-
-TEST(ValueIncrement, IsEqualByKindAndMidpoint) {
-    EXPECT_EQ(linear, ValueIncrement::linear());
-    EXPECT_NE(linear, logarithmic);
-    EXPECT_EQ(ValueIncrement::logarithmic(2.0F), ValueIncrement::logarithmic(2.0F));
-    EXPECT_NE(ValueIncrement::logarithmic(2.0F), ValueIncrement::logarithmic(3.0F));
-    EXPECT_NE(ValueIncrement::logarithmic(0.0F), logarithmic);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "fernhorn/plugin/host_edits.hpp"
 #include "fernhorn/plugin/host_text.hpp"
 #include "fernhorn/plugin/render_events.hpp"
+#include "fernhorn/testing/recording_unit.hpp"
 #include "fernhorn/testing/test_parameter.hpp"
 
 #include <gmock/gmock.h>
@@ -21,15 +22,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Kind = HostEdit::Kind;
 using Unit = platform::AudioUnitParameterUnit;
-
-class RecordingUnit final : public FernAudioUnit {
-  public:
-    using FernAudioUnit::FernAudioUnit;
-    void setParameter(platform::AUParameterAddress address, float value) override {
-        values.emplace_back(address, value);
-    }
-    std::vector<std::pair<platform::AUParameterAddress, float>> values;
-};
 
 class PluginTest : public testing::Test {
   protected:
@@ -78,15 +70,15 @@ TEST_F(PluginTest, TellsTheHostOneTouchHoweverGesturesOverlap) {
 TEST_F(PluginTest, BracketsLoneEditsWhereTheHostDemandsIt) {
     for (const auto lone : {LoneEdits::asTheyAre, LoneEdits::bracketed}) {
         HostEdits edits(unit->parameterTree(), lone);
-        drive->setValue(lone == LoneEdits::bracketed ? 0.5F : 0.25F, fromUi, change);
+        const float value = lone == LoneEdits::bracketed ? 0.5F : 0.25F;
+        drive->setValue(value, fromUi, change);
         queue.drain();
-        std::vector<Kind> kinds;
-        edits.take([&](const HostEdit& edit) { kinds.push_back(edit.kind); });
+        std::vector<HostEdit> expected{{Kind::value, 2, value}};
         if (lone == LoneEdits::bracketed) {
-            EXPECT_THAT(kinds, ElementsAre(Kind::begin, Kind::value, Kind::end));
-        } else {
-            EXPECT_THAT(kinds, ElementsAre(Kind::value));
+            expected.insert(expected.begin(), {Kind::begin, 2, value});
+            expected.push_back({Kind::end, 2, value});
         }
+        EXPECT_EQ(taken(edits), expected);
     }
 }
 

@@ -4,14 +4,8 @@
 #include "fernhorn/dials/internal/value_field.hpp"
 #include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/format/default_label_formatter.hpp"
-#include "fernhorn/testing/test_parameter.hpp"
+#include "fernhorn/testing/parameter_fixture.hpp"
 #include "platform/testing/window_testing.hpp"
-
-#include <QCoreApplication>
-#include <QMouseEvent>
-#include <QWheelEvent>
-
-#include <gtest/gtest.h>
 
 namespace fernhorn {
 
@@ -24,30 +18,14 @@ inline constexpr LabelDisplayOptions look{.valueColor = {1, 1, 1, 1},
                                           .labelWidth = 52};
 
 /// A window with a parameter and a dial or a label over it.
-class Dials : public testing::Test {
+class Dials : public WithParameter {
   protected:
-    core::MainQueue queue;
     QWidget window;
-    std::shared_ptr<AudioParameter> parameter;
-    AutomationEvents events;
     int ended = 0;
 
     static void SetUpTestSuite() { resourceBundle().assets().registerFonts(); }
 
     void SetUp() override { use({.defaultValue = 0.5F}); }
-    void use(TestParameter what) {
-        parameter = what.on(queue);
-        events.clear();
-        recordEvents(*parameter, events);
-    }
-    float value() {
-        queue.drain();
-        return parameter->value();
-    }
-    void setByHost(float value) {
-        parameter->setValue(value, fromUnit, change);
-        queue.drain();
-    }
     std::function<void()> countEnd() {
         return [this] { ++ended; };
     }
@@ -77,23 +55,5 @@ class Dials : public testing::Test {
         return *found;
     }
 };
-
-/// A pointer event that Qt Test has none for.
-inline void move(QWidget& widget, QPoint to, Qt::KeyboardModifiers modifiers = {},
-                 Qt::MouseButtons buttons = Qt::LeftButton) {
-    QMouseEvent event(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, buttons,
-                      modifiers);
-    QCoreApplication::sendEvent(&widget, &event);
-}
-
-/// True when the wheel was taken.
-inline bool turnWheel(QWidget& widget, int angle) {
-    const QPoint at = widget.rect().center();
-    QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    event.ignore();
-    QCoreApplication::sendEvent(&widget, &event);
-    return event.isAccepted();
-}
 
 } // namespace fernhorn

@@ -21,10 +21,7 @@ TEST(AssetManifest, ReadsWhatTheBakerWrites) {
     ASSERT_EQ(manifest.images.size(), 2U);
     const ImageEntry& image = manifest.images.find("a/b")->second;
     EXPECT_EQ(image.size, (core::Size{20, 24}));
-    EXPECT_EQ(image.capInsets.top, 1);
-    EXPECT_EQ(image.capInsets.left, 2);
-    EXPECT_EQ(image.capInsets.bottom, 3);
-    EXPECT_EQ(image.capInsets.right, 4);
+    EXPECT_EQ(image.capInsets, (core::EdgeInsets{1, 2, 3, 4}));
     EXPECT_EQ(image.resizing, ImageResizing::tile);
     EXPECT_TRUE(image.isTemplate);
     EXPECT_THAT(image.variants, ElementsAre(Pair(1, "I/a.png"), Pair(3, "I/a@3x.png")));

@@ -92,11 +92,7 @@ TEST(CellControls, WhatTakesTheKeyboardOrTheWindowEndsTracking) {
              showActive(other);
          },
          1, 1},
-        {[](QWidget& control) {
-             QEvent ungrab(QEvent::UngrabMouse);
-             QCoreApplication::sendEvent(&control, &ungrab);
-         },
-         1, 1},
+        {[](QWidget& control) { testing::sendEvent(control, QEvent::UngrabMouse); }, 1, 1},
         {[](QWidget& control) { // borrows the keyboard, and gets a key's release
              QMenu menu;
              menu.addAction("Item");

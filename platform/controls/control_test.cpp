@@ -50,18 +50,5 @@ TEST(Control, AnActionMayReplaceItselfAndDestroyItsControl) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(Control, AssociatedObjectsLiveUntilReplacedOrWithTheControl) {
-    auto control = std::make_unique<Control>();
-    const auto one = std::make_shared<int>(1);
-    const auto two = std::make_shared<int>(2);
-    control->setAssociatedObject("key", one);
-    control->setAssociatedObject("key", two);
-    EXPECT_EQ(one.use_count(), 1);
-    EXPECT_EQ(control->associatedObject("key"), two);
-    EXPECT_EQ(control->associatedObject("other"), nullptr);
-    control.reset();
-    EXPECT_EQ(two.use_count(), 1);
-}
-
 } // namespace
 } // namespace platform

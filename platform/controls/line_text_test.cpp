@@ -26,49 +26,42 @@ struct Ink {
     int last = -1;
 };
 
-class Picture {
-  public:
-    explicit Picture(const std::function<void(QPainter&)>& draw)
-        : image_(140, 20, QImage::Format_ARGB32_Premultiplied) {
-        image_.fill(Qt::transparent);
-        QPainter painter(&image_);
-        draw(painter);
-    }
-    [[nodiscard]] Ink ink(bool isRed) const {
-        Ink ink;
-        for (int x = 0; x < image_.width(); ++x) {
-            for (int y = 0; y < image_.height(); ++y) {
-                const QColor color = image_.pixelColor(x, y);
-                if (color.alpha() > 40 && (color.red() > color.blue()) == isRed) {
-                    ink.first = ink.first < 0 ? x : ink.first;
-                    ink.last = x;
-                }
+using Draw = std::function<void(QPainter&)>;
+
+QImage drawn(const Draw& draw, qreal scale = 1) {
+    QImage image((QSizeF(140, 20) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    image.setDevicePixelRatio(scale);
+    QPainter painter(&image);
+    draw(painter);
+    return image;
+}
+
+Ink inkIn(const QImage& image, bool isRed) {
+    Ink ink;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.alpha() > 40 && (color.red() > color.blue()) == isRed) {
+                ink.first = ink.first < 0 ? x : ink.first;
+                ink.last = x;
             }
         }
-        return ink;
     }
-    [[nodiscard]] const QImage& image() const { return image_; }
-
-  private:
-    QImage image_;
-};
+    return ink;
+}
 
 QImage line(const QString& text, const LineLayout& layout) {
-    return Picture([&](QPainter& painter) {
-               LineText().paint(painter, room, text, font(), Qt::red, layout);
-           })
-        .image();
+    return drawn(
+        [&](QPainter& painter) { LineText().paint(painter, room, text, font(), Qt::red, layout); });
 }
 
 TEST(LineText, StandsWhereItIsAsked) {
-    const auto inkOf = [](LineAlignment alignment, bool isRightToLeft) {
-        return Picture([&](QPainter& painter) {
-                   LineText().paint(painter, room, QStringLiteral("HHH"), font(), Qt::red,
-                                    {alignment, LineEliding::tail, isRightToLeft});
-               })
-            .ink(true);
+    const QString text = QStringLiteral("HHH");
+    const auto inkOf = [&](LineAlignment alignment, bool isRightToLeft) {
+        return inkIn(line(text, {alignment, LineEliding::tail, isRightToLeft}), true);
     };
-    const double width = QFontMetricsF(font()).horizontalAdvance(QStringLiteral("HHH"));
+    const double width = QFontMetricsF(font()).horizontalAdvance(text);
     EXPECT_NEAR(inkOf(LineAlignment::left, true).first, 20, 2);
     EXPECT_NEAR(inkOf(LineAlignment::right, false).last, 119, 2);
     EXPECT_NEAR(inkOf(LineAlignment::centre, false).first, 70 - width / 2, 2);
@@ -99,39 +92,41 @@ TEST(LineText, RunsKeepTheirLookAndAreCutFromTheEndAsked) {
     const auto inks = [](const QString& label, const QString& title, const LineLayout& layout) {
         const std::array<LineRun, 2> runs{LineRun{label, font(), Qt::red},
                                           LineRun{title, font(QFont::Bold), Qt::blue}};
-        const Picture picture(
-            [&](QPainter& painter) { LineText().paint(painter, room, runs, layout); });
-        return std::pair(picture.ink(true), picture.ink(false));
+        const QImage picture =
+            drawn([&](QPainter& painter) { LineText().paint(painter, room, runs, layout); });
+        return std::pair(inkIn(picture, true), inkIn(picture, false));
     };
-    const QString longOne = QStringLiteral("HHHHHHHHHHHHHHHHHHHHHHHH");
-    const QString shortOne = QStringLiteral("HH");
-    auto [label, title] = inks(shortOne, shortOne, {LineAlignment::left, LineEliding::tail, false});
+    const QString longOne(24, u'H');
+    const QString shortOne(2, u'H');
+    const auto cut = [](LineEliding eliding) {
+        return LineLayout{LineAlignment::left, eliding, false};
+    };
+    auto [label, title] = inks(shortOne, shortOne, cut(LineEliding::tail));
     EXPECT_NEAR(label.first, 20, 2);
     EXPECT_GT(title.first, label.last);
     std::tie(label, title) = inks(shortOne, shortOne, {LineAlignment::natural, {}, true});
     EXPECT_NEAR(label.last, 119, 2) << "the first stands right";
     EXPECT_LT(title.last, label.first);
     for (const auto eliding : {LineEliding::tail, LineEliding::middle}) {
-        std::tie(label, title) = inks(shortOne, longOne, {LineAlignment::left, eliding, false});
+        std::tie(label, title) = inks(shortOne, longOne, cut(eliding));
         EXPECT_GT(label.last, 30);
         EXPECT_GT(title.last, 105);
         EXPECT_LE(title.last, 120);
     }
-    std::tie(label, title) =
-        inks(longOne, shortOne, {LineAlignment::left, LineEliding::tail, false});
+    std::tie(label, title) = inks(longOne, shortOne, cut(LineEliding::tail));
     EXPECT_LE(label.last, 120);
     EXPECT_EQ(title.first, -1) << "what follows the cut is left out";
-    std::tie(label, title) =
-        inks(longOne, shortOne, {LineAlignment::left, LineEliding::head, false});
+    std::tie(label, title) = inks(longOne, shortOne, cut(LineEliding::head));
     EXPECT_GT(title.first, 80);
     EXPECT_LE(title.last, 120);
-    std::tie(label, title) =
-        inks(longOne, shortOne, {LineAlignment::left, LineEliding::middle, false});
+    std::tie(label, title) = inks(longOne, shortOne, cut(LineEliding::middle));
     EXPECT_GT(title.first, 80) << "the widest is cut";
 }
 
 TEST(LineText, IsLaidOutAgainForAnotherRoomTextFontOrScale) {
     LineText kept;
+    const QString name = QStringLiteral("A long name of something");
+    const QString other = QStringLiteral("Another name of something");
     const struct {
         QString text;
         double width;
@@ -139,37 +134,25 @@ TEST(LineText, IsLaidOutAgainForAnotherRoomTextFontOrScale) {
         qreal scale;
         LineEliding eliding;
     } cases[] = {
-        {QStringLiteral("A long name of something"), 100, 400, 1, LineEliding::tail},
-        {QStringLiteral("A long name of something"), 60, 400, 1, LineEliding::tail},
-        {QStringLiteral("A long name of something"), 60, 400, 1, LineEliding::head},
-        {QStringLiteral("A long name of something"), 60, 700, 1, LineEliding::head},
-        {QStringLiteral("Another name of something"), 60, 700, 1, LineEliding::head},
-        {QStringLiteral("Another name of something"), 60, 700, 2, LineEliding::head},
-        {QStringLiteral("Short"), 60, 700, 2, LineEliding::head},
+        {name, 100, 400, 1, LineEliding::tail},   {name, 60, 400, 1, LineEliding::tail},
+        {name, 60, 400, 1, LineEliding::head},    {name, 60, 700, 1, LineEliding::head},
+        {other, 60, 700, 1, LineEliding::head},   {other, 60, 700, 2, LineEliding::head},
+        {"Short", 60, 700, 2, LineEliding::head},
     };
     for (const auto& c : cases) {
-        const auto draw = [&](const std::function<void(QPainter&, const core::Rect&)>& paint) {
-            QImage image(280, 40, QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::transparent);
-            image.setDevicePixelRatio(c.scale);
-            QPainter painter(&image);
-            paint(painter, {{0, 0}, {c.width, 20}});
-            return image;
-        };
+        const core::Rect rect{{0, 0}, {c.width, 20}};
         const QFont face = font(static_cast<QFont::Weight>(c.weight));
         const LineLayout layout{LineAlignment::left, c.eliding, false};
-        const QImage fresh = draw([&](QPainter& painter, const core::Rect& rect) {
-            LineText().paint(painter, rect, c.text, face, Qt::red, layout);
-        });
-        EXPECT_EQ(draw([&](QPainter& painter, const core::Rect& rect) {
-                      kept.paint(painter, rect, c.text, face, Qt::red, layout);
-                  }),
-                  fresh);
-        EXPECT_EQ(draw([&](QPainter& painter, const core::Rect& rect) {
-                      LineText::paintShared(painter, rect, c.text, face, Qt::red, layout);
-                  }),
-                  fresh)
-            << "by the shared cache";
+        const QImage fresh =
+            drawn([&](QPainter& p) { LineText().paint(p, rect, c.text, face, Qt::red, layout); },
+                  c.scale);
+        const QImage again = drawn(
+            [&](QPainter& p) { kept.paint(p, rect, c.text, face, Qt::red, layout); }, c.scale);
+        const QImage shared = drawn(
+            [&](QPainter& p) { LineText::paintShared(p, rect, c.text, face, Qt::red, layout); },
+            c.scale);
+        EXPECT_EQ(again, fresh);
+        EXPECT_EQ(shared, fresh) << "by the shared cache";
         EXPECT_EQ(kept.size(c.text, face).width, QFontMetricsF(face).horizontalAdvance(c.text));
     }
 }

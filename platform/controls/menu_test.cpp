@@ -175,9 +175,7 @@ TEST_F(MenuTest, AlternatesTakeThePlacesOfTheirItemsWhileAltIsHeld) {
     EXPECT_EQ(menu.activeAction(), menu.itemAt(0));
     // The release of the key may go elsewhere; the next event tells.
     QTest::keyPress(&menu, Qt::Key_Alt);
-    QMouseEvent move(QEvent::MouseMove, middleOf(alternate), menu.mapToGlobal(middleOf(alternate)),
-                     Qt::NoButton, {}, {});
-    QCoreApplication::sendEvent(&menu, &move);
+    testing::sendMove(menu, middleOf(alternate), Qt::NoButton);
     EXPECT_EQ(shownTitles(), usual);
     menu.setActiveAction(menu.itemAt(0));
     QTest::keyPress(&menu, Qt::Key_Alt);

@@ -2,6 +2,7 @@
 #include "platform/gpu/gpu_view.hpp"
 #include "platform/gpu/quad_pipeline.hpp"
 #include "platform/testing/failing_device.hpp"
+#include "platform/testing/light.hpp"
 #include "platform/testing/test_cells.hpp"
 #include "platform/testing/window_testing.hpp"
 
@@ -25,16 +26,12 @@ using testing::CellPainter;
 using ::testing::ElementsAre;
 using testing::FailingDevice;
 using testing::Light;
+using testing::toLinear;
 
 const QColor ground(0x15, 0x51, 0x9f);
 
 double toCode(double linear) {
-    linear = std::clamp(linear, 0.0, 1.0);
-    return 255 * (linear <= 0.0031308 ? 12.92 * linear : 1.055 * std::pow(linear, 1 / 2.4) - 0.055);
-}
-
-double toLinear(double code) {
-    return code <= 0.04045 ? code / 12.92 : std::pow((code + 0.055) / 1.055, 2.4);
+    return 255 * testing::toCode(linear);
 }
 
 /// A view on a device of its own, with cells in it.
@@ -197,25 +194,6 @@ TEST_P(GpuViewOnDevice, AppliesAShaderLast) {
     shows(Qt::blue, QColor(255, 137, 0));
     scene.view.setShader({});
     shows(Qt::red, between);
-}
-
-TEST_P(GpuViewOnDevice, ShowsTheTopAtTheTop) {
-    Scene scene(GetParam());
-    scene.painter->cells[0] = {1, 0, 0, 1};  // top left
-    scene.painter->cells[15] = {0, 0, 1, 1}; // bottom right
-    ASSERT_TRUE(scene.view.drawNow());
-    EXPECT_EQ(scene.encoded(0), QColor(Qt::red));
-    EXPECT_EQ(scene.encoded(15), QColor(Qt::blue));
-    EXPECT_EQ(scene.encoded(7), ground);
-
-    const QImage drawable = scene.view.grabDrawable();
-    ASSERT_EQ(drawable.size(), scene.view.drawableSize());
-    const auto pixel = [&](std::size_t cell) {
-        return drawable.pixelColor(cellCentre(cell, drawable.size()));
-    };
-    EXPECT_EQ(pixel(0).red(), 255);
-    EXPECT_EQ(pixel(15).blue(), 255);
-    EXPECT_EQ(pixel(8).alpha(), 0);
 }
 
 TEST_P(GpuViewOnDevice, DithersBetweenTwoCodes) {

@@ -313,17 +313,5 @@ TEST_F(GpuWindow, IsEmptyWhenTheDeviceRefusesAResource) {
     picture.view->removeResources(refused);
 }
 
-TEST_F(GpuWindow, ShowsTheGroundWithoutADelegate) {
-    const auto window = makeWindow();
-    GpuView view(window.get(), GpuDevice::systemDefault());
-    view.setGeometry(20, 20, 160, 80);
-    showActive(*window);
-    runFor(100);
-    EXPECT_EQ(screenColor(*window, {100, 40}), ground);
-    view.resize(100, 100);
-    runFor(100);
-    EXPECT_EQ(screenColor(*window, {100, 40}), ground);
-}
-
 } // namespace
 } // namespace platform

@@ -1,9 +1,12 @@
 #include "platform/testing/window_testing.hpp"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QTest>
+#include <QWheelEvent>
 
+#include <algorithm>
 #include <cstdlib>
 #include <ostream>
 
@@ -49,6 +52,59 @@ int pixelsOf(const QImage& picture, const QColor& color) {
         }
     }
     return count;
+}
+
+int largestDifference(QRgb one, QRgb other) {
+    return std::max({std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
+                     std::abs(qBlue(one) - qBlue(other))});
+}
+
+int largestDifference(const QImage& one, const QImage& other) {
+    int largest = one.size() == other.size() ? 0 : 255;
+    for (int y = 0; largest < 255 && y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            largest = std::max(largest, largestDifference(one.pixel(x, y), other.pixel(x, y)));
+        }
+    }
+    return largest;
+}
+
+namespace {
+
+bool send(QWidget& widget, QEvent& event) {
+    QCoreApplication::sendEvent(&widget, &event);
+    return event.isAccepted();
+}
+
+} // namespace
+
+bool sendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::MouseButton button,
+               Qt::MouseButtons held, Qt::KeyboardModifiers modifiers) {
+    QMouseEvent event(type, at, widget.mapToGlobal(at), button, held, modifiers);
+    return send(widget, event);
+}
+
+bool sendMove(QWidget& widget, QPointF to, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers) {
+    return sendMouse(widget, QEvent::MouseMove, to, Qt::NoButton, held, modifiers);
+}
+
+bool sendKey(QWidget& widget, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+             bool isRepeat) {
+    QKeyEvent event(type, key, modifiers, {}, isRepeat);
+    return send(widget, event);
+}
+
+bool sendWheel(QWidget& widget, int angle, Qt::ScrollPhase phase, bool isInverted) {
+    const QPoint at = widget.rect().center();
+    QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      phase, isInverted);
+    event.ignore();
+    return send(widget, event);
+}
+
+bool sendEvent(QWidget& widget, QEvent::Type type) {
+    QEvent event(type);
+    return send(widget, event);
 }
 
 } // namespace platform::testing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QEvent>
 #include <QImage>
 #include <QWidget>
 
@@ -23,6 +24,25 @@ QImage screenshot(const QWidget& widget);
 QColor screenColor(const QWidget& widget, QPointF point);
 /// How many pixels have the colour, but for what rounding explains.
 int pixelsOf(const QImage& picture, const QColor& color);
+/// By how much the components of two pixels, or of two pictures of one size, differ at most.
+int largestDifference(QRgb one, QRgb other);
+int largestDifference(const QImage& one, const QImage& other);
+
+/// Delivers an event of the mouse at once; `at` is in the widget, `held` are the buttons after it.
+/// True when it was taken.
+bool sendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::MouseButton button,
+               Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = {});
+/// A move, with the left button held unless said otherwise.
+bool sendMove(QWidget& widget, QPointF to, Qt::MouseButtons held = Qt::LeftButton,
+              Qt::KeyboardModifiers modifiers = {});
+/// The same for a key.
+bool sendKey(QWidget& widget, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers = {},
+             bool isRepeat = false);
+/// The same for a turn of the wheel over the widget's middle.
+bool sendWheel(QWidget& widget, int angle, Qt::ScrollPhase phase = Qt::NoScrollPhase,
+               bool isInverted = false);
+/// The same for one that says nothing but its type.
+bool sendEvent(QWidget& widget, QEvent::Type type);
 
 } // namespace platform::testing
 

@@ -32,26 +32,6 @@ class Witness final : public QWidget {
     void keyPressEvent(QKeyEvent* /*event*/) override { onInput(); }
 };
 
-TEST(MainQueueDriver, RunsOnTheMainThreadInOrder) {
-    core::MainQueue queue(64);
-    std::vector<int> order;
-    QThread* thread = nullptr;
-    queue.post([&] { order.push_back(-1); }); // before there is a driver
-    const MainQueueDriver driver(queue);
-    std::thread producer([&] {
-        for (int i = 0; i < 1000; ++i) {
-            queue.post([&, i] {
-                order.push_back(i);
-                thread = QThread::currentThread();
-            });
-        }
-    });
-    EXPECT_TRUE(runUntil([&] { return order.size() == 1001; }));
-    producer.join();
-    EXPECT_TRUE(std::ranges::is_sorted(order));
-    EXPECT_EQ(thread, QCoreApplication::instance()->thread());
-}
-
 TEST(MainQueueDriver, RunsWhatWasPostedBeforeInput) {
     core::MainQueue queue;
     const MainQueueDriver driver(queue);

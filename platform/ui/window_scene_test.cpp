@@ -43,9 +43,8 @@ class WindowSceneTest : public ::testing::Test {
         const QPoint press = widget.mapToGlobal(QPoint(20, 20));
         // The pointer is where it is on the screen, wherever the window goes.
         const auto send = [&](QEvent::Type type, QPoint at, Qt::MouseButtons held) {
-            QMouseEvent event(type, widget.mapFromGlobal(QPointF(at)), at,
-                              type == QEvent::MouseMove ? Qt::NoButton : mouseButton, held, {});
-            QCoreApplication::sendEvent(&widget, &event);
+            testing::sendMouse(widget, type, widget.mapFromGlobal(QPointF(at)),
+                               type == QEvent::MouseMove ? Qt::NoButton : mouseButton, held);
         };
         send(QEvent::MouseButtonPress, press, mouseButton);
         for (int i = 1; i <= 4; ++i) {
@@ -64,16 +63,6 @@ class WindowSceneTest : public ::testing::Test {
     QLabel* label;
     QPushButton* button;
 };
-
-TEST_F(WindowSceneTest, KeepsItsSize) {
-    for (const QSize size : {QSize(500, 700), QSize(100, 100)}) {
-        window.resize(size);
-        EXPECT_EQ(window.size(), QSize(400, 572));
-        EXPECT_EQ(content->size(), QSize(400, 572));
-    }
-    EXPECT_EQ(window.minimumSize(), window.maximumSize());
-    EXPECT_TRUE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
-}
 
 TEST_F(WindowSceneTest, EverythingButControlsMovesIt) {
     EXPECT_EQ(drag(*label, Qt::LeftButton, {40, 24}), QPoint(40, 24));

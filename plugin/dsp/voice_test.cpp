@@ -59,18 +59,6 @@ TEST_F(VoiceTest, TheBandsKeepTheVoicesEnvelopeAndTheCarriersPitch) {
     }
 }
 
-TEST_F(VoiceTest, ALouderVoiceAloneIsNoVocoder) {
-    // What the measure must not take for one: a carrier behind a gate.
-    const auto carrier = testing::sawCarrier(110, rate, voice.size());
-    Sound gated(voice.size());
-    float level = 0;
-    for (std::size_t i = 0; i < voice.size(); ++i) {
-        level += 0.002F * (std::abs(voice[i]) - level);
-        gated[i] = level * carrier[i];
-    }
-    EXPECT_LE(envelopeCorrelation(voice, gated, rate), 0.6);
-}
-
 TEST_F(VoiceTest, IsAsLoudAsTheVoice) {
     const auto power = [](const Sound& sound) {
         double sum = 0;

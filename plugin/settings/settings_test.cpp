@@ -1,6 +1,5 @@
 #include "plugin/settings/comparison.hpp"
 #include "plugin/settings/frequency_formatter.hpp"
-#include "plugin/settings/gain_formatter.hpp"
 #include "plugin/settings/vocoder_settings.hpp"
 
 #include "fernhorn/model/parameter_gesture.hpp"
@@ -17,19 +16,6 @@ class VocoderTest : public testing::Test {
 
     float shown(VocoderParameter which) const { return settings->parameter(which)->value(); }
 };
-
-TEST_F(VocoderTest, EveryParameterHasItsPlaceAndADefaultWithinItsRange) {
-    const auto all = settings->parameters();
-    ASSERT_EQ(all.size(), vocoderParameterCount);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        ASSERT_NE(all[i], nullptr) << i;
-        EXPECT_EQ(all[i]->address(), i);
-        EXPECT_EQ(all[i]->value(), all[i]->defaultValue());
-        EXPECT_GE(all[i]->defaultValue(), all[i]->valueRange().lower) << all[i]->name();
-        EXPECT_LE(all[i]->defaultValue(), all[i]->valueRange().upper) << all[i]->name();
-        EXPECT_EQ(settings->unit().processedValue(i), all[i]->defaultValue());
-    }
-}
 
 TEST_F(VocoderTest, ComparingExchangesAllValues) {
     Comparison comparison(settings->parameters());
@@ -53,17 +39,6 @@ TEST_F(VocoderTest, ComparingExchangesAllValues) {
     EXPECT_EQ(shown(VocoderParameter::tilt), 6);
     EXPECT_EQ(settings->band(3)->value(), -7);
     EXPECT_EQ(shown(VocoderParameter::mode), 2);
-}
-
-TEST(GainFormatterTest, SignsWhatIsNotNought) {
-    const GainFormatter formatter;
-    EXPECT_EQ(formatter.format(2.6F), "+3");
-    EXPECT_EQ(formatter.format(-0.3F), "0");
-    EXPECT_EQ(formatter.format(-12), "-12");
-    EXPECT_EQ(formatter.parse(formatter.format(7)), 7.0F);
-    const GainFormatter cents(1, 0.01F);
-    EXPECT_EQ(cents.format(-1), "0.0");
-    EXPECT_EQ(cents.format(250), "+2.5");
 }
 
 TEST(FrequencyFormatterTest, WritesWhatItReadsInBothUnits) {

@@ -1,47 +1,16 @@
-#include "plugin/window/plugin_window.hpp"
-
-#include "driftwood/bridges/bundle_asset_source.hpp"
 #include "fernhorn/dials/dial.hpp"
-#include "fernhorn/fonts/resource_bundle_accessor.hpp"
 #include "fernhorn/header/header_parts.hpp"
-#include "platform/controls/button.hpp"
-#include "platform/testing/window_testing.hpp"
+#include "plugin/testing/open_plugin_window.hpp"
 #include "plugin/window/screen.hpp"
 
-#include <QApplication>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <set>
 
 namespace larkvox {
 namespace {
 
-class PluginWindowTest : public testing::Test {
-  protected:
-    PluginWindowTest() {
-        driftwood::installKitAssets();
-        fernhorn::resourceBundle().assets().registerFonts();
-        window = std::make_unique<PluginWindow>(settings);
-        platform::testing::showActive(*window);
-        queue.drain();
-    }
-
-    template<class Widget>
-    std::vector<Widget*> shown() const {
-        std::vector<Widget*> found;
-        for (auto* const widget : window->findChildren<Widget*>()) {
-            if (widget->isVisible()) {
-                found.push_back(widget);
-            }
-        }
-        return found;
-    }
-    core::MainQueue queue;
-    std::shared_ptr<VocoderSettings> settings = VocoderSettings::make(queue);
-    std::unique_ptr<PluginWindow> window;
-};
+using PluginWindowTest = testing::OpenPluginWindow;
 
 TEST_F(PluginWindowTest, TabsSwitchToPagesOfTheirOwn) {
     std::set<std::set<platform::AUParameterAddress>> pages;
@@ -79,9 +48,3 @@ TEST_F(PluginWindowTest, TheCurveOfTheBandsFollowsTheTilt) {
 
 } // namespace
 } // namespace larkvox
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

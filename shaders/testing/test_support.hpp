@@ -73,6 +73,17 @@ inline const std::array<Visual, 3> visuals{
           renderer.recordSwitchEvent(3);
       }}}};
 
+/// How many pixels are not of the ground's colour.
+inline int pixelsNot(const QImage& image, const QColor& ground) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += image.pixel(x, y) != ground.rgb() ? 1 : 0;
+        }
+    }
+    return count;
+}
+
 inline constexpr std::array graphicsApis{platform::GpuApi::openGL, platform::GpuApi::vulkan};
 inline const char* nameOf(platform::GpuApi api) {
     return api == platform::GpuApi::openGL ? "OpenGL" : "Vulkan";

@@ -23,7 +23,7 @@ const std::string newFolder = "Larkvox/versions/1.1.0/";
 struct Row {
     const char* what;
     std::function<std::vector<MadeEntry>()> entries;
-    UpdateProblem fault;
+    UpdateProblem fault = UpdateProblem::archiveUnsafe;
     Packing packing = Packing::plain;
 };
 
@@ -72,71 +72,60 @@ std::vector<MadeEntry> aMillionFiles() {
 const std::vector<Row>& rows() {
     using enum UpdateProblem;
     static const std::vector<Row> all{
-        {"parent folders", with({{newFolder + "share/../../../../outside/new"}}), archiveUnsafe},
-        {"parent folder at the end", with({{newFolder + "share/..", Type::folder}}), archiveUnsafe},
-        {"parent folder first", with({{"../outside/new"}}), archiveUnsafe},
-        {"dots", with({{newFolder + "./new"}}), archiveUnsafe},
-        {"absolute name", with({{"/tmp/larkvox-evil"}}), archiveUnsafe},
-        {"double slash", with({{newFolder + "share//new"}}), archiveUnsafe},
-        {"backslash", with({{newFolder + "share\\new"}}), archiveUnsafe},
-        {"line break", with({{newFolder + "share/a\nb"}}), archiveUnsafe},
-        {"not UTF-8", with({{newFolder + "share/\xff\xfe"}}), archiveUnsafe},
-        {"letters that look like others", with({{newFolder + "share/\u0430"}}), archiveUnsafe},
-        {"long name", with({{newFolder + std::string(201, 'n')}}), archiveUnsafe},
-        {"another top folder", with({{"Other", Type::folder}}), archiveUnsafe},
-        {"a file beside the top folder", with({{"file"}}), archiveUnsafe},
-        {"something beside the versions", with({{"Larkvox/state", Type::folder}}), archiveUnsafe},
-        {"another version", with({{"Larkvox/versions/1.2.0", Type::folder}}), archiveUnsafe},
-        {"a file without its folder", with({{newFolder + "nowhere/new"}}), archiveUnsafe},
-        {"into a file", with({{newFolder + "bin/larkvox/new"}}), archiveUnsafe},
-        {"a link out",
-         with({{newFolder + "out", Type::symbolicLink, "../../../outside"},
-               {newFolder + "out/new"}}),
-         archiveUnsafe},
+        {"parent folders", with({{newFolder + "share/../../../../outside/new"}})},
+        {"parent folder at the end", with({{newFolder + "share/..", Type::folder}})},
+        {"parent folder first", with({{"../outside/new"}})},
+        {"dots", with({{newFolder + "./new"}})},
+        {"absolute name", with({{"/tmp/larkvox-evil"}})},
+        {"double slash", with({{newFolder + "share//new"}})},
+        {"backslash", with({{newFolder + "share\\new"}})},
+        {"line break", with({{newFolder + "share/a\nb"}})},
+        {"not UTF-8", with({{newFolder + "share/\xff\xfe"}})},
+        {"letters that look like others", with({{newFolder + "share/\u0430"}})},
+        {"long name", with({{newFolder + std::string(201, 'n')}})},
+        {"another top folder", with({{"Other", Type::folder}})},
+        {"a file beside the top folder", with({{"file"}})},
+        {"something beside the versions", with({{"Larkvox/state", Type::folder}})},
+        {"another version", with({{"Larkvox/versions/1.2.0", Type::folder}})},
+        {"a file without its folder", with({{newFolder + "nowhere/new"}})},
+        {"into a file", with({{newFolder + "bin/larkvox/new"}})},
+        {"a link out", with({{newFolder + "out", Type::symbolicLink, "../../../outside"},
+                             {newFolder + "out/new"}})},
         {"a folder of a link's name",
          with({{newFolder + "out", Type::symbolicLink, "../../../outside"},
                {newFolder + "out", Type::folder},
-               {newFolder + "out/new"}}),
-         archiveUnsafe},
-        {"an absolute link", with({{newFolder + "out", Type::symbolicLink, "/"}}), archiveUnsafe},
-        {"a link within", with({{newFolder + "in", Type::symbolicLink, "bin"}}), archiveUnsafe},
+               {newFolder + "out/new"}})},
+        {"an absolute link", with({{newFolder + "out", Type::symbolicLink, "/"}})},
+        {"a link within", with({{newFolder + "in", Type::symbolicLink, "bin"}})},
         {"versions as a link",
          [] {
              return std::vector<MadeEntry>{{"Larkvox", Type::folder, {}},
                                            {"Larkvox/versions", Type::symbolicLink, "../outside"},
                                            {newFolder + "new"}};
-         },
-         archiveUnsafe},
+         }},
         {"the pointer leads elsewhere",
-         changing(2, [](auto& entry) { entry.content = "../outside"; }), archiveUnsafe},
-        {"a hard link out", with({{newFolder + "hard", Type::hardLink, "../outside/file"}}),
-         archiveUnsafe},
+         changing(2, [](auto& entry) { entry.content = "../outside"; })},
+        {"a hard link out", with({{newFolder + "hard", Type::hardLink, "../outside/file"}})},
         {"a hard link within",
-         with({{newFolder + "hard", Type::hardLink, newFolder + "bin/larkvox"}}), archiveUnsafe},
-        {"a device", with({{newFolder + "null", Type::device}}), archiveUnsafe},
-        {"a fifo", with({{newFolder + "fifo", Type::fifo}}), archiveUnsafe},
-        {"setuid", with({{newFolder + "bin/su", Type::file, "x", 04755}}), archiveUnsafe},
-        {"setgid", with({{newFolder + "bin/sg", Type::file, "x", 02755}}), archiveUnsafe},
-        {"sticky folder", with({{newFolder + "tmp", Type::folder, {}, 01777}}), archiveUnsafe},
-        {"a file twice", with({{newFolder + "bin/larkvox", Type::file, "other", 0755}}),
-         archiveUnsafe},
-        {"a folder twice", with({{newFolder + "share", Type::folder}}), archiveUnsafe},
-        {"a second manifest", with({{newFolder + "manifest.json", Type::file, "{}"}}),
-         archiveUnsafe},
+         with({{newFolder + "hard", Type::hardLink, newFolder + "bin/larkvox"}})},
+        {"a device", with({{newFolder + "null", Type::device}})},
+        {"a fifo", with({{newFolder + "fifo", Type::fifo}})},
+        {"setuid", with({{newFolder + "bin/su", Type::file, "x", 04755}})},
+        {"setgid", with({{newFolder + "bin/sg", Type::file, "x", 02755}})},
+        {"sticky folder", with({{newFolder + "tmp", Type::folder, {}, 01777}})},
+        {"a file twice", with({{newFolder + "bin/larkvox", Type::file, "other", 0755}})},
+        {"a folder twice", with({{newFolder + "share", Type::folder}})},
+        {"a second manifest", with({{newFolder + "manifest.json", Type::file, "{}"}})},
         {"a manifest without end", changing(7, [](auto& entry) { entry.zeros = 100000; }),
          archiveTooLarge},
-        {"no manifest", without("manifest.json"), archiveUnsafe},
-        {"no program", without("bin/larkvox"), archiveUnsafe},
-        {"a program that cannot be run", changing(6, [](auto& entry) { entry.mode = 0644; }),
-         archiveUnsafe},
-        {"no helper", without("libexec/larkvox-install"), archiveUnsafe},
-        {"a helper that cannot be run", changing(9, [](auto& entry) { entry.mode = 0644; }),
-         archiveUnsafe},
-        {"no key", saying([](auto& manifest) { manifest.publicKey.clear(); }), archiveUnsafe},
-        {"something that is no key", saying([](auto& manifest) { manifest.publicKey[2] = '!'; }),
-         archiveUnsafe},
-        {"another program's name", saying([](auto& manifest) { manifest.name = "otter"; }),
-         archiveUnsafe},
+        {"no manifest", without("manifest.json")},
+        {"no program", without("bin/larkvox")},
+        {"a program that cannot be run", changing(6, [](auto& entry) { entry.mode = 0644; })},
+        {"no helper", without("libexec/larkvox-install")},
+        {"a helper that cannot be run", changing(9, [](auto& entry) { entry.mode = 0644; })},
+        {"no key", saying([](auto& manifest) { manifest.publicKey.clear(); })},
+        {"something that is no key", saying([](auto& manifest) { manifest.publicKey[2] = '!'; })},
+        {"another program's name", saying([](auto& manifest) { manifest.name = "otter"; })},
         {"another product of the maker's",
          [] {
              auto entries = goodUpdate("1.1.0", workingProgram());
@@ -152,17 +141,15 @@ const std::vector<Row>& rows() {
         {"a zip archive", with({}), archiveDamaged, Packing::zip},
         {"a 7z archive", with({}), archiveDamaged, Packing::sevenZip},
         {"a cpio archive", with({}), archiveDamaged, Packing::cpio},
-        {"a program that is a folder", changing(6, [](auto& entry) { entry.type = Type::folder; }),
-         archiveUnsafe},
-        {"nothing", [] { return std::vector<MadeEntry>{}; }, archiveUnsafe},
+        {"a program that is a folder", changing(6, [](auto& entry) { entry.type = Type::folder; })},
+        {"nothing", [] { return std::vector<MadeEntry>{}; }},
         {"another product", saying([](auto& manifest) { manifest.product = "Otter"; }),
          otherProduct},
         {"another identifier", saying([](auto& manifest) { manifest.identifier += ".pro"; }),
          otherProduct},
         {"another platform", saying([](auto& manifest) { manifest.platform = "linux-z80"; }),
          otherPlatform},
-        {"folder and manifest differ", saying([](auto& manifest) { manifest.version = "1.0.9"; }),
-         archiveUnsafe},
+        {"folder and manifest differ", saying([](auto& manifest) { manifest.version = "1.0.9"; })},
         {"genuine, but older than the item says",
          [] { return goodUpdate("1.0.5", workingProgram()); }, otherVersion},
         {"a million files", aMillionFiles, archiveTooLarge, Packing::xz},
@@ -184,17 +171,6 @@ const std::vector<Row>& rows() {
          archiveTooLarge, Packing::xz},
     };
     return all;
-}
-
-/// What a helper says last, which refuses.
-std::optional<InstallMessage> lastWordOf(const std::vector<std::string>& command, int archive) {
-    Child helper(command, archive);
-    std::string last;
-    while (const auto line = helper.readLine()) {
-        last = *line;
-    }
-    EXPECT_EQ(helper.finish(), 1);
-    return readInstallLine(last);
 }
 
 /// A copy with something precious beside it.
@@ -275,30 +251,34 @@ TEST_F(InstallRefusal, OfWhatTheFeedDoesNotVouchFor) {
     EXPECT_THAT(faultOf(said), Optional(notNewer)) << "once there was a higher one";
 }
 
-TEST_F(InstallRefusal, OfFilesThatOthersCanStillWrite) {
+TEST_F(InstallRefusal, OfFilesThatOthersCanStillWriteAndByAHelperThatHasNoKey) {
     const auto archive = makeArchive(goodUpdate("1.1.0", workingProgram()));
-    const int file = memfd_create("not sealed", MFD_CLOEXEC | MFD_ALLOW_SEALING);
-    ASSERT_EQ(write(file, archive.data(), archive.size()), static_cast<ssize_t>(archive.size()));
-    std::vector<std::string> command{TEST_HELPER};
-    for (const auto& argument : installArguments(goodRequest(copy_, archive, "1.1.0"))) {
-        command.push_back(argument);
+    constexpr int everything = F_SEAL_WRITE | F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL;
+    const struct {
+        const char* helper;
+        int seals;
+        UpdateProblem fault;
+    } cases[] = {{TEST_HELPER, 0, UpdateProblem::archiveDamaged},
+                 {KEYLESS_HELPER, everything, UpdateProblem::noKey}};
+    for (const auto& [helper, seals, fault] : cases) {
+        const int file = memfd_create("archive", MFD_CLOEXEC | MFD_ALLOW_SEALING);
+        ASSERT_EQ(write(file, archive.data(), archive.size()),
+                  static_cast<ssize_t>(archive.size()));
+        ASSERT_EQ(fcntl(file, F_ADD_SEALS, seals), 0);
+        std::vector<std::string> command{helper};
+        for (const auto& argument : installArguments(goodRequest(copy_, archive, "1.1.0"))) {
+            command.push_back(argument);
+        }
+        Child child(command, file);
+        std::string last;
+        while (const auto line = child.readLine()) {
+            last = *line;
+        }
+        EXPECT_EQ(child.finish(), 1);
+        EXPECT_THAT(faultOf(readInstallLine(last)), Optional(fault));
+        expectUntouched();
+        close(file);
     }
-    EXPECT_THAT(faultOf(lastWordOf(command, file)), Optional(UpdateProblem::archiveDamaged));
-    expectUntouched();
-    close(file);
-}
-
-TEST_F(InstallRefusal, ByAHelperThatHasNoKey) {
-    const auto archive = makeArchive(goodUpdate("1.1.0", workingProgram()));
-    std::vector<std::string> command{KEYLESS_HELPER};
-    for (const auto& argument : installArguments(goodRequest(copy_, archive, "1.1.0"))) {
-        command.push_back(argument);
-    }
-    const int file = memfd_create("sealed", MFD_CLOEXEC | MFD_ALLOW_SEALING);
-    ASSERT_EQ(fcntl(file, F_ADD_SEALS, F_SEAL_WRITE | F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL),
-              0);
-    EXPECT_THAT(faultOf(lastWordOf(command, file)), Optional(UpdateProblem::noKey));
-    close(file);
 }
 
 TEST_F(InstallRefusal, WithoutPermissionToWrite) {

@@ -13,6 +13,7 @@ namespace updates {
 namespace {
 
 using namespace std::chrono_literals;
+using enum UpdateProblem;
 using testing::answering;
 using testing::certificates;
 using testing::dripping;
@@ -51,18 +52,20 @@ HttpsServer::Handler vouchingFor(const QByteArray& feed) {
 }
 
 /// What a check says, in a word that a table can hold.
-std::string wordOf(const CheckOutcome& outcome) {
+struct Word : std::string {
+    Word(const char* text) : std::string(text) {}
+    Word(UpdateProblem problem)
+        : std::string("problem " + std::to_string(static_cast<int>(problem))) {}
+};
+
+Word wordOf(const CheckOutcome& outcome) {
     if (const auto* const item = std::get_if<AppcastItem>(&outcome.answer)) {
-        return "offer " + item->version;
+        return ("offer " + item->version).c_str();
     }
     if (const auto* const failure = std::get_if<UpdateFailure>(&outcome.answer)) {
-        return "problem " + std::to_string(static_cast<int>(failure->problem));
+        return failure->problem;
     }
     return std::holds_alternative<UpToDate>(outcome.answer) ? "up to date" : "nothing suitable";
-}
-
-std::string wordOf(UpdateProblem problem) {
-    return wordOf(CheckOutcome{UpdateFailure{problem, {}}, {}});
 }
 
 /// Writes a piece over and over for as long as somebody listens.
@@ -123,56 +126,43 @@ TEST_F(Checks, EndInAnAnswerWhateverTheServerDoes) {
     const struct {
         const char* what;
         HttpsServer::Handler handler;
-        std::string outcome;
+        Word outcome;
         QByteArray vouchedFor = goodFeed;
     } cases[] = {
         {"a feed", answering(goodFeed, "application/rss+xml"), "offer 2.0"},
         {"a feed by a strange name", answering(goodFeed, "text/plain"), "offer 2.0"},
         {"no channel item", answering("<rss><channel/></rss>", "text/xml"), "nothing suitable",
          "<rss><channel/></rss>"},
-        {"a portal", answering(portal, "text/html"), wordOf(UpdateProblem::signInFirst)},
-        {"a portal in disguise", answering(portal, "application/rss+xml"),
-         wordOf(UpdateProblem::signInFirst)},
-        {"the portal's status", status(511), wordOf(UpdateProblem::signInFirst)},
-        {"an entity bomb", answering(bomb), wordOf(UpdateProblem::feedForbidden), bomb},
-        {"deep nesting", answering(nested(100'000)), wordOf(UpdateProblem::feedForbidden),
-         nested(100'000)},
-        {"an entity bomb that nobody vouches for", answering(bomb),
-         wordOf(UpdateProblem::feedNotSigned)},
-        {"half a feed", answering(goodFeed.left(200)), wordOf(UpdateProblem::feedNotSigned)},
-        {"half a feed that is signed", answering(goodFeed.left(200)),
-         wordOf(UpdateProblem::feedUnreadable), goodFeed.left(200)},
-        {"nothing", answering(""), wordOf(UpdateProblem::feedNotSigned)},
-        {"more than a mebibyte", answering(goodFeed + QByteArray(1 << 20, ' ')),
-         wordOf(UpdateProblem::feedTooLarge)},
-        {"endless feed", dripping({}, QByteArray(32 << 10, ' '), 1),
-         wordOf(UpdateProblem::feedTooLarge)},
-        {"a slow drip", dripping({"Content-Length: 1000"}, "x", 150),
-         wordOf(UpdateProblem::tooSlow)},
-        {"a stall after the head", dripping({"Content-Length: 1000"}, "", 1000),
-         wordOf(UpdateProblem::tooSlow)},
-        {"silence", silence, wordOf(UpdateProblem::tooSlow)},
-        {"hanging up", hangUp, wordOf(UpdateProblem::noAnswer)},
-        {"less than announced", servingFile(goodFeed, goodFeed.size() / 2),
-         wordOf(UpdateProblem::connectionLost)},
-        {"404", status(404), wordOf(UpdateProblem::notOnServer)},
-        {"410", status(410), wordOf(UpdateProblem::notOnServer)},
-        {"503", status(503), wordOf(UpdateProblem::serverError)},
-        {"401", status(401), wordOf(UpdateProblem::serverError)},
-        {"206 unasked", status(206), wordOf(UpdateProblem::serverError)},
-        {"a redirect to nowhere", status(302), wordOf(UpdateProblem::serverError)},
-        {"a redirect to http", redirecting("http://127.0.0.1/feed"),
-         wordOf(UpdateProblem::insecureAddress)},
-        {"a redirect to a file", redirecting("file:///etc/hostname"),
-         wordOf(UpdateProblem::insecureAddress)},
-        {"a redirect into the program", redirecting("data:text/xml,<rss/>"),
-         wordOf(UpdateProblem::insecureAddress)},
-        {"a redirect to itself", redirecting("/feed"), wordOf(UpdateProblem::tooManyRedirects)},
+        {"a portal", answering(portal, "text/html"), signInFirst},
+        {"a portal in disguise", answering(portal, "application/rss+xml"), signInFirst},
+        {"the portal's status", status(511), signInFirst},
+        {"an entity bomb", answering(bomb), feedForbidden, bomb},
+        {"deep nesting", answering(nested(100'000)), feedForbidden, nested(100'000)},
+        {"an entity bomb that nobody vouches for", answering(bomb), feedNotSigned},
+        {"half a feed", answering(goodFeed.left(200)), feedNotSigned},
+        {"half a feed that is signed", answering(goodFeed.left(200)), feedUnreadable,
+         goodFeed.left(200)},
+        {"nothing", answering(""), feedNotSigned},
+        {"more than a mebibyte", answering(goodFeed + QByteArray(1 << 20, ' ')), feedTooLarge},
+        {"endless feed", dripping({}, QByteArray(32 << 10, ' '), 1), feedTooLarge},
+        {"a slow drip", dripping({"Content-Length: 1000"}, "x", 150), tooSlow},
+        {"a stall after the head", dripping({"Content-Length: 1000"}, "", 1000), tooSlow},
+        {"silence", silence, tooSlow},
+        {"hanging up", hangUp, noAnswer},
+        {"less than announced", servingFile(goodFeed, goodFeed.size() / 2), connectionLost},
+        {"404", status(404), notOnServer},
+        {"410", status(410), notOnServer},
+        {"503", status(503), serverError},
+        {"401", status(401), serverError},
+        {"206 unasked", status(206), serverError},
+        {"a redirect to nowhere", status(302), serverError},
+        {"a redirect to http", redirecting("http://127.0.0.1/feed"), insecureAddress},
+        {"a redirect to a file", redirecting("file:///etc/hostname"), insecureAddress},
+        {"a redirect into the program", redirecting("data:text/xml,<rss/>"), insecureAddress},
+        {"a redirect to itself", redirecting("/feed"), tooManyRedirects},
         {"a redirect to a feed", redirecting("/other", 308), "offer 2.0"},
-        {"headers without an end", endless("X: 12345678901234567890\r\n"),
-         wordOf(UpdateProblem::feedTooLarge)},
-        {"a header without an end", endless("12345678901234567890"),
-         wordOf(UpdateProblem::feedTooLarge)},
+        {"headers without an end", endless("X: 12345678901234567890\r\n"), feedTooLarge},
+        {"a header without an end", endless("12345678901234567890"), feedTooLarge},
     };
     server.handle("/other", answering(goodFeed));
     for (const auto& [what, handler, outcome, vouchedFor] : cases) {
@@ -187,33 +177,37 @@ TEST_F(Checks, BelieveOnlyWhatTheMakerVouchesFor) {
         return answering(
             QByteArray::fromStdString(testing::testStatement(goodFeed.toStdString(), serial)));
     };
-    const std::string notSigned = wordOf(UpdateProblem::feedNotSigned);
+    const Word notSigned = feedNotSigned;
     const auto gone = [](QSslSocket& connection, const auto&) {
         sendHead(connection, 404, {"Content-Length: 0"});
         connection.disconnectFromHost();
+    };
+    // A feed that is replaced between the two requests.
+    const auto replaced = [&, count = 0](QSslSocket& connection, const auto& request) mutable {
+        (count++ == 0 ? vouchingFor("<rss/>") : statement(42))(connection, request);
     };
     constexpr auto years = 24h * 366;
     const auto now = std::chrono::system_clock::now();
     const struct {
         const char* what;
         HttpsServer::Handler statement;
-        std::string outcome;
+        Word outcome;
         std::chrono::system_clock::time_point clock;
         std::chrono::system_clock::time_point built = {};
         std::uint64_t lastSerial = 41;
     } cases[] = {
         {"the next one", statement(42), "offer 2.0", now},
         {"the last one again", statement(41), "offer 2.0", now},
-        {"an older one", statement(40), wordOf(UpdateProblem::feedSuperseded), now},
-        {"an expired one", statement(42), wordOf(UpdateProblem::feedExpired), now + 21 * years},
-        {"one that had expired before the program was built", statement(42),
-         wordOf(UpdateProblem::feedExpired), now, now + 21 * years},
+        {"an older one", statement(40), feedSuperseded, now},
+        {"an expired one", statement(42), feedExpired, now + 21 * years},
+        {"one that had expired before the program was built", statement(42), feedExpired, now,
+         now + 21 * years},
         {"no statement", gone, notSigned, now},
         {"another feed's", vouchingFor("<rss/>"), notSigned, now},
+        {"another feed's at first", replaced, "offer 2.0", now},
         {"a long one", answering(QByteArray(10'000, 'x')), notSigned, now},
         {"an endless one", dripping({}, QByteArray(4096, ' '), 1), notSigned, now},
-        {"one over no connection", redirecting("http://127.0.0.1/feed.sig"),
-         wordOf(UpdateProblem::insecureAddress), now},
+        {"one over no connection", redirecting("http://127.0.0.1/feed.sig"), insecureAddress, now},
     };
     server.handle("/feed", answering(goodFeed));
     for (const auto& [what, handler, outcome, clock, built, lastSerial] : cases) {
@@ -224,11 +218,11 @@ TEST_F(Checks, BelieveOnlyWhatTheMakerVouchesFor) {
         host.now = clock;
         const CheckOutcome said = check(server.url("/feed"), host);
         EXPECT_EQ(wordOf(said), outcome) << what;
-        EXPECT_EQ(said.feedSerial > 0, outcome == "offer 2.0") << what;
+        EXPECT_EQ(said.feedSerial > 0, outcome == Word("offer 2.0")) << what;
     }
     publicKey.clear();
     const auto asked = server.requests().size();
-    EXPECT_EQ(wordOf(check(server.url("/feed"))), wordOf(UpdateProblem::noKey));
+    EXPECT_EQ(wordOf(check(server.url("/feed"))), Word(noKey));
     EXPECT_EQ(server.requests().size(), asked);
 }
 
@@ -240,12 +234,12 @@ TEST_F(Checks, FollowFiveRedirectsAndNotASixth) {
     server.handle("/5.sig", vouchingFor(goodFeed));
     EXPECT_EQ(wordOf(check(server.url("/5"))), "offer 2.0");
     const auto asked = server.requests().size();
-    EXPECT_EQ(wordOf(check(server.url("/6"))), wordOf(UpdateProblem::tooManyRedirects));
+    EXPECT_EQ(wordOf(check(server.url("/6"))), Word(tooManyRedirects));
     EXPECT_EQ(server.requests().size() - asked, 6); // the seventh was not asked
     QUrl plain = server.url("/0");
     plain.setScheme("http");
-    EXPECT_EQ(wordOf(check(plain)), wordOf(UpdateProblem::insecureAddress));
-    EXPECT_EQ(wordOf(check(QUrl("file:///etc/hostname"))), wordOf(UpdateProblem::insecureAddress));
+    EXPECT_EQ(wordOf(check(plain)), Word(insecureAddress));
+    EXPECT_EQ(wordOf(check(QUrl("file:///etc/hostname"))), Word(insecureAddress));
 }
 
 TEST_F(Checks, TrustOnlyTheRightServerAtTheRightTime) {
@@ -264,33 +258,31 @@ TEST_F(Checks, TrustOnlyTheRightServerAtTheRightTime) {
         UpdateProblem problem;
     } cases[] = {
         // A clock ten years off: to the client the server's dates are that far away.
-        {"clock behind", date(9 * year), date(10 * year), now, UpdateProblem::clockLooksWrong},
-        {"clock ahead", date(-10 * year), date(-9 * year), now, UpdateProblem::clockLooksWrong},
-        {"before the program was built", date(-2 * year), date(-24h), now + 48h,
-         UpdateProblem::clockLooksWrong},
-        {"expired yesterday", date(-year), date(-24h), now - 10 * 24h,
-         UpdateProblem::certificateExpired},
+        {"clock behind", date(9 * year), date(10 * year), now, clockLooksWrong},
+        {"clock ahead", date(-10 * year), date(-9 * year), now, clockLooksWrong},
+        {"before the program was built", date(-2 * year), date(-24h), now + 48h, clockLooksWrong},
+        {"expired yesterday", date(-year), date(-24h), now - 10 * 24h, certificateExpired},
     };
     for (const auto& [what, first, last, built, problem] : cases) {
         HttpsServer dated{certificates().issue("dated", first, last)};
         dated.handle("/feed", answering(goodFeed));
         builtAt = built;
         const CheckOutcome outcome = check(dated.url("/feed"));
-        EXPECT_EQ(wordOf(outcome), wordOf(problem)) << what;
+        EXPECT_EQ(wordOf(outcome), Word(problem)) << what;
         EXPECT_TRUE(dated.requests().isEmpty()) << what;
     }
     builtAt = {};
 
     server.handle("/feed", answering(goodFeed));
     trustAnchors = testing::CertificateFolder().authority(); // somebody else's
-    EXPECT_EQ(wordOf(check(server.url("/feed"))), wordOf(UpdateProblem::certificateUntrusted));
+    EXPECT_EQ(wordOf(check(server.url("/feed"))), Word(certificateUntrusted));
     trustAnchors = {}; // the system's
-    EXPECT_EQ(wordOf(check(server.url("/feed"))), wordOf(UpdateProblem::certificateUntrusted));
+    EXPECT_EQ(wordOf(check(server.url("/feed"))), Word(certificateUntrusted));
     trustAnchors = certificates().authority();
     QUrl otherName = server.url("/feed");
     otherName.setHost("other.localhost"); // this machine, and not in the certificate
-    EXPECT_EQ(wordOf(check(otherName)), wordOf(UpdateProblem::certificateUntrusted));
-    EXPECT_EQ(wordOf(check(QUrl("https://nobody.invalid/feed"))), wordOf(UpdateProblem::offline));
+    EXPECT_EQ(wordOf(check(otherName)), Word(certificateUntrusted));
+    EXPECT_EQ(wordOf(check(QUrl("https://nobody.invalid/feed"))), Word(offline));
     EXPECT_TRUE(server.requests().isEmpty());
 }
 
@@ -312,7 +304,7 @@ TEST_F(Checks, WaitForAnAnswerNoLongerThanTheyShould) {
     server.handle("/feed", [](QSslSocket&, const auto&) {});
     limits.answerTime = 300ms;
     limits.documentTime = 60s;
-    EXPECT_EQ(wordOf(check(server.url("/feed"))), wordOf(UpdateProblem::noAnswer));
+    EXPECT_EQ(wordOf(check(server.url("/feed"))), Word(noAnswer));
 }
 
 TEST_F(Checks, EndInAnAnswerWhateverAProxyDoes) {
@@ -322,16 +314,11 @@ TEST_F(Checks, EndInAnAnswerWhateverAProxyDoes) {
         const char* more; // without an end
         UpdateProblem problem;
     } cases[] = {
-        {"refuses", "HTTP/1.1 407 No\r\nContent-Length: 0\r\n\r\n", "",
-         UpdateProblem::proxyRefused},
-        {"headers without an end", "HTTP/1.1 200 OK\r\n", "X: 1234567890\r\n",
-         UpdateProblem::proxyRefused},
-        {"a header without an end", "HTTP/1.1 200 OK\r\nX: ", "1234567890",
-         UpdateProblem::noAnswer},
-        {"a refusal without an end", "HTTP/1.1 403 No\r\n\r\n", "1234567890",
-         UpdateProblem::proxyRefused},
-        {"listens in", "HTTP/1.1 200 OK\r\n\r\n", "1234567890",
-         UpdateProblem::certificateUntrusted},
+        {"refuses", "HTTP/1.1 407 No\r\nContent-Length: 0\r\n\r\n", "", proxyRefused},
+        {"headers without an end", "HTTP/1.1 200 OK\r\n", "X: 1234567890\r\n", proxyRefused},
+        {"a header without an end", "HTTP/1.1 200 OK\r\nX: ", "1234567890", noAnswer},
+        {"a refusal without an end", "HTTP/1.1 403 No\r\n\r\n", "1234567890", proxyRefused},
+        {"listens in", "HTTP/1.1 200 OK\r\n\r\n", "1234567890", certificateUntrusted},
     };
     QTcpServer proxy;
     ASSERT_TRUE(proxy.listen(QHostAddress::LocalHost));
@@ -344,7 +331,7 @@ TEST_F(Checks, EndInAnAnswerWhateverAProxyDoes) {
             connection->write(answer);
             keepWriting(*connection, QByteArray(more).repeated(1000));
         });
-        EXPECT_EQ(wordOf(check(QUrl("https://updates.invalid/feed"))), wordOf(problem)) << what;
+        EXPECT_EQ(wordOf(check(QUrl("https://updates.invalid/feed"))), Word(problem)) << what;
         proxy.disconnect();
     }
     qunsetenv("https_proxy");

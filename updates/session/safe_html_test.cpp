@@ -2,9 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <random>
-#include <regex>
-
 namespace updates {
 namespace {
 
@@ -109,62 +106,7 @@ TEST(SafeHtml, IsBoundedAndSaysWhatIsCut) {
               std::string(60, 'x') + "&amp;&amp;yy\u200b" + std::string(64, 'y') + "\u200byyyy");
 }
 
-/// Whatever goes in, what comes out has nothing but the few tags, in balance.
-TEST(SafeHtml, HasOnlyItsOwnTagsWhateverGoesIn) {
-    constexpr std::string_view pieces[] = {"<",
-                                           ">",
-                                           "/",
-                                           "a",
-                                           " href=",
-                                           "\"",
-                                           "'",
-                                           "https://x",
-                                           "javascript:",
-                                           "<b>",
-                                           "</b>",
-                                           "<script",
-                                           "</script>",
-                                           "<!--",
-                                           "-->",
-                                           "&#",
-                                           ";",
-                                           "&lt;",
-                                           "<img src=x>",
-                                           "style=\"",
-                                           "<p",
-                                           "\n",
-                                           "<a href=\"https://y\">",
-                                           "</a",
-                                           "<svg>",
-                                           "\xff",
-                                           "=",
-                                           "x"};
-    const std::regex tag("<(/?)([a-z0-9]+)( href=\"(https?://|mailto:)[^\"<>]*\")?(/?)>");
-    std::mt19937 random(7);
-    for (int round = 0; round < 3000; ++round) {
-        std::string html;
-        for (int i = 0; i < 30; ++i) {
-            html += pieces[random() % std::size(pieces)];
-        }
-        const std::string safe = safeHtml(html).html;
-        std::vector<std::string> open;
-        std::size_t tags = 0;
-        for (std::sregex_iterator i(safe.begin(), safe.end(), tag); i != std::sregex_iterator();
-             ++i, ++tags) {
-            const std::string name = (*i)[2];
-            ASSERT_TRUE(name == "a" || name == "b" || name == "p") << html;
-            if ((*i)[1].length() == 0) {
-                open.push_back(name);
-            } else {
-                ASSERT_FALSE(open.empty()) << html;
-                ASSERT_EQ(open.back(), name) << html;
-                open.pop_back();
-            }
-        }
-        ASSERT_TRUE(open.empty()) << html;
-        ASSERT_EQ(std::ranges::count(safe, '<'), static_cast<std::ptrdiff_t>(tags)) << html;
-    }
-}
+// That whatever goes in comes out with its own tags alone is the rule of the fuzz target.
 
 } // namespace
 } // namespace updates

@@ -113,6 +113,22 @@ std::variant<SignedAppcast, UpdateFailure> UpdateEngine::fetchFeed(const UpdateH
     if (identity_.publicKey.empty()) {
         return UpdateFailure{UpdateProblem::noKey, {}};
     }
+    auto feed = fetchFeedOnce(host);
+    if (const auto* const refusal = std::get_if<FeedRefusal>(&feed);
+        refusal != nullptr && refusal->fault == FeedFault::signatureWrong && client_.isWanted()) {
+        feed = fetchFeedOnce(host); // the server's two files may just have been replaced
+    }
+    if (const auto* const refusal = std::get_if<FeedRefusal>(&feed)) {
+        return failureOf(refusal->fault, refusal->isWebPage);
+    }
+    if (auto* const failure = std::get_if<UpdateFailure>(&feed)) {
+        return std::move(*failure);
+    }
+    return std::get<SignedAppcast>(std::move(feed));
+}
+
+std::variant<SignedAppcast, UpdateFailure, UpdateEngine::FeedRefusal>
+UpdateEngine::fetchFeedOnce(const UpdateHost& host) const {
     const auto fetched = fetch({.url = identity_.feed,
                                 .accept = "application/rss+xml, application/xml;q=0.9, */*;q=0.1",
                                 .largest = limits_.feedBytes},
@@ -142,7 +158,7 @@ std::variant<SignedAppcast, UpdateFailure> UpdateEngine::fetchFeed(const UpdateH
         // No clock that is right shows a time before the program was built.
         {identity_.publicKey, host.feedSerial, std::max(host.now, identity_.builtAt)});
     if (const auto* const fault = std::get_if<FeedFault>(&read)) {
-        return failureOf(*fault, looksLikeWebPage(document, type));
+        return FeedRefusal{*fault, looksLikeWebPage(document, type)};
     }
     return std::get<SignedAppcast>(std::move(read));
 }

@@ -81,6 +81,13 @@ class UpdateEngine final : public QObject {
     /// The feed, which the maker vouches for.
     [[nodiscard]] std::variant<SignedAppcast, UpdateFailure>
     fetchFeed(const UpdateHost& host) const;
+    struct FeedRefusal {
+        FeedFault fault;
+        bool isWebPage; ///< in place of the feed
+    };
+    /// One try.
+    [[nodiscard]] std::variant<SignedAppcast, UpdateFailure, FeedRefusal>
+    fetchFeedOnce(const UpdateHost& host) const;
     void unpack(const InstallOrder& order, const platform::SealedFile& archive);
     [[nodiscard]] bool begin(quint64 task);
     void tell(EngineEvent event) { emit happened(task_, std::move(event)); }
