@@ -135,15 +135,6 @@ double StyledPopUpButton::titleStart() const {
     return titleX;
 }
 
-bool StyledPopUpButton::handleEvent(QEvent* event) {
-    // A long menu is measured when the pointer or the keyboard comes, so that it is there at once
-    // when it is asked for. The toolkit keeps the result until an item changes.
-    if (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn) {
-        (void)menu().sizeHint();
-    }
-    return PopUpButton::handleEvent(event);
-}
-
 StyledPopDownButton::StyledPopDownButton(const QString& title, QWidget* parent)
     : KitControl(std::make_unique<StyledPopDownButtonCell>(title), Kind::pullDown, parent) {
     setFont(platform::systemFont(menuFontSize, QFont::Normal));

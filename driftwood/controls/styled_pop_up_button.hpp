@@ -85,7 +85,6 @@ class StyledPopUpButton : public KitControl<platform::PopUpButton, StyledPopUpBu
     StyledPopUpButton(std::unique_ptr<StyledPopUpButtonCell> cell, QWidget* parent);
 
     [[nodiscard]] double titleStart() const override;
-    bool handleEvent(QEvent* event) override;
 };
 
 /// The same among tools.
