@@ -1,5 +1,6 @@
 #pragma once
 
+#include "driftwood/bridges/styled_class.hpp"
 #include "driftwood/controls/kit_control.hpp"
 #include "driftwood/style/segmented_cell_style.hpp"
 #include "driftwood/util/segment_row.hpp"
