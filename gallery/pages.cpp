@@ -12,6 +12,7 @@ const std::vector<Page>& pages() {
         addFernhornPages(made);
         addDriftwoodButtonPages(made);
         addDriftwoodTextPages(made);
+        addDriftwoodControlPages(made);
         addShaderPages(made);
         addUpdatePages(made);
         return made;

@@ -39,6 +39,42 @@
     </message>
 </context>
 <context>
+    <name>driftwood::DriftSlider</name>
+    <message>
+        <source>Decrease %1</source>
+        <extracomment>for screen readers: the buttons at the ends of a slider</extracomment>
+        <translation>%1 verringern</translation>
+    </message>
+    <message>
+        <source>Minimum %1</source>
+        <translation>%1: Minimum</translation>
+    </message>
+    <message>
+        <source>Increase %1</source>
+        <translation>%1 erhöhen</translation>
+    </message>
+    <message>
+        <source>Maximum %1</source>
+        <translation>%1: Maximum</translation>
+    </message>
+</context>
+<context>
+    <name>driftwood::DriftSliderTrack</name>
+    <message>
+        <source>Mixed</source>
+        <extracomment>for screen readers: the value of several objects that have different ones</extracomment>
+        <translation>Gemischt</translation>
+    </message>
+</context>
+<context>
+    <name>driftwood::NoDividerSplitView</name>
+    <message>
+        <source>Divider</source>
+        <extracomment>for screen readers: where two views of a split view meet</extracomment>
+        <translation>Trennlinie</translation>
+    </message>
+</context>
+<context>
     <name>fernhorn::LeftRightArrowButton</name>
     <message>
         <source>Left</source>

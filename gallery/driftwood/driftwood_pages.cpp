@@ -18,4 +18,12 @@ void addDriftwoodTextPages(std::vector<Page>& pages) {
     }
 }
 
+void addDriftwoodControlPages(std::vector<Page>& pages) {
+    for (const auto& make :
+         {slidersPage, trackingSliderPage, popUpsPage, comboBoxPage, segmentedControlPage,
+          simpleViewsPage, driftSliderPage, driftSegmentedControlPage, presetPanePage}) {
+        pages.push_back(make());
+    }
+}
+
 } // namespace gallery

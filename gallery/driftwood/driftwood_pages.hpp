@@ -9,6 +9,9 @@ void addDriftwoodButtonPages(std::vector<Page>& pages);
 /// The pages of its text fields.
 void addDriftwoodTextPages(std::vector<Page>& pages);
 
+/// Those of its other controls and of the declarative components.
+void addDriftwoodControlPages(std::vector<Page>& pages);
+
 Page styledButtonPage();
 Page kestrelPushButtonPage();
 Page buttonStylesPage();
@@ -26,5 +29,14 @@ Page textLabelPage();
 Page validatingFieldPage();
 Page propertiesPage();
 Page searchFieldPage();
+Page slidersPage();
+Page trackingSliderPage();
+Page popUpsPage();
+Page comboBoxPage();
+Page segmentedControlPage();
+Page simpleViewsPage();
+Page driftSliderPage();
+Page driftSegmentedControlPage();
+Page presetPanePage();
 
 } // namespace gallery
