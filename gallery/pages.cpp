@@ -11,6 +11,8 @@ const std::vector<Page>& pages() {
         std::vector<Page> made;
         addFernhornPages(made);
         addDriftwoodButtonPages(made);
+        addDriftwoodTextPages(made);
+        addDriftwoodControlPages(made);
         addShaderPages(made);
         addUpdatePages(made);
         return made;

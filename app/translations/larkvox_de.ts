@@ -17,6 +17,71 @@
     </message>
 </context>
 <context>
+    <name>driftwood::ConstantNameFormatter</name>
+    <message>
+        <source>Constant names must only contain A-Z, a-z, 0-9 and the characters _ and $</source>
+        <extracomment>Error message shown when user-entered constant name contains invalid characters</extracomment>
+        <translation>Namen von Konstanten dürfen nur A-Z, a-z, 0-9 und die Zeichen _ und $ enthalten</translation>
+    </message>
+</context>
+<context>
+    <name>driftwood::NumberFormatter</name>
+    <message>
+        <source>This is not a finite number</source>
+        <extracomment>Error message shown when a number is wanted and the user has entered something else</extracomment>
+        <translation>Das ist keine endliche Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>driftwood::StyledSearchField</name>
+    <message>
+        <source>Clear the search</source>
+        <extracomment>The button in a search field that takes the text away</extracomment>
+        <translation>Suche löschen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <extracomment>What a search field is called that has no other name</extracomment>
+        <translation>Suchen</translation>
+    </message>
+</context>
+<context>
+    <name>driftwood::DriftSlider</name>
+    <message>
+        <source>Decrease %1</source>
+        <extracomment>for screen readers: the buttons at the ends of a slider</extracomment>
+        <translation>%1 verringern</translation>
+    </message>
+    <message>
+        <source>Minimum %1</source>
+        <translation>%1: Minimum</translation>
+    </message>
+    <message>
+        <source>Increase %1</source>
+        <translation>%1 erhöhen</translation>
+    </message>
+    <message>
+        <source>Maximum %1</source>
+        <translation>%1: Maximum</translation>
+    </message>
+</context>
+<context>
+    <name>driftwood::DriftSliderTrack</name>
+    <message>
+        <source>Mixed</source>
+        <extracomment>for screen readers: the value of several objects that have different ones</extracomment>
+        <translation>Gemischt</translation>
+    </message>
+</context>
+<context>
+    <name>driftwood::NoDividerSplitView</name>
+    <message>
+        <source>Divider</source>
+        <extracomment>for screen readers: where two views of a split view meet</extracomment>
+        <translation>Trennlinie</translation>
+    </message>
+</context>
+<context>
     <name>fernhorn::LeftRightArrowButton</name>
     <message>
         <source>Left</source>

@@ -71,6 +71,20 @@ void drawBroadKnob(Canvas& canvas, bool held) {
     material::hollowShadow(canvas, slot, 1, 0.5);
 }
 
+/// What stands at the ends of a slider for a field: less and more.
+void drawSign(Canvas& canvas, bool isMore) {
+    constexpr double middle = 6;
+    constexpr double reach = 3.5;
+    QPainterPath path;
+    path.moveTo(middle - reach, middle);
+    path.lineTo(middle + reach, middle);
+    if (isMore) {
+        path.moveTo(middle, middle - reach);
+        path.lineTo(middle, middle + reach);
+    }
+    parts::glyph(canvas, path, color("Grey 60%"), 1.5);
+}
+
 } // namespace
 
 void addSliders(std::vector<Drawing>& drawings) {
@@ -91,6 +105,10 @@ void addSliders(std::vector<Drawing>& drawings) {
                                     [](Canvas& canvas) { drawBroadKnob(canvas, false); }));
     drawings.push_back(parts::fixed("dwk-customslider-handle-down", knobSize,
                                     [](Canvas& canvas) { drawBroadKnob(canvas, true); }));
+    drawings.push_back(parts::fixed("dwk-customslider-less", {12, 12},
+                                    [](Canvas& canvas) { drawSign(canvas, false); }));
+    drawings.push_back(parts::fixed("dwk-customslider-more", {12, 12},
+                                    [](Canvas& canvas) { drawSign(canvas, true); }));
 }
 
 } // namespace artwork

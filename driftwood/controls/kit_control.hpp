@@ -29,8 +29,10 @@ class BasicKitControl : public Base {
     }
 
   protected:
-    explicit BasicKitControl(std::unique_ptr<Cell> cell, QWidget* parent = nullptr)
-        : Base(std::move(cell), parent),
+    /// `rest` is what the widget's class takes beside the cell: the parent, as a rule.
+    template<class... Rest>
+    explicit BasicKitControl(std::unique_ptr<Cell> cell, Rest... rest)
+        : Base(std::move(cell), rest...),
           cell_(static_cast<Cell&>(this->cell())),
           follower_(*this, cell_.controlStyle()) {}
 

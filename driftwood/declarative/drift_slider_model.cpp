@@ -83,7 +83,11 @@ void DriftSliderModel::resetToDefaultValue() {
 }
 
 void DriftSliderModel::step(double increments) {
-    setValue(value.value().value_or(defaultValue) + increments * incrementBy);
+    finish(value.value().value_or(defaultValue) + increments * incrementBy);
+}
+
+void DriftSliderModel::finish(double newValue) {
+    setValue(newValue);
     complete();
 }
 

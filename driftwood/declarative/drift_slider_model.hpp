@@ -58,6 +58,8 @@ class DriftSliderModel {
     /// A step from a key, a wheel or a screen reader, in units of `incrementBy`, and so complete by
     /// itself. From the default value where the objects disagree.
     void step(double increments);
+    /// A value from there, kept within the range; complete by itself, too.
+    void finish(double newValue);
 
   private:
     void checkRange() const;

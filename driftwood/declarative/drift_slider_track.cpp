@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace driftwood {
 namespace drift_slider {
@@ -47,16 +48,30 @@ std::optional<TrackParts> trackParts(const DriftSliderModel& model, double width
 
 } // namespace drift_slider
 
-namespace {
-
-/// With the value of now, unless it is mixed. The callback may replace itself, so a copy is called.
-void tell(const DriftSliderModel& model, DriftSliderModel::Callback callback) {
-    if (const auto value = model.value.value(); value && callback) {
-        callback(*value);
+void DriftSliderDrag::tell(Callback DriftSliderModel::*callback) {
+    const auto model = model_; // who is told may destroy this drag
+    if (model->value.value()) {
+        told_ = model->value.value();
+    }
+    if (!told_) {
+        return; // mixed, and untouched
+    }
+    const double value = *told_;
+    const bool isStart = !std::exchange(isStartTold_, true);
+    const bool isEnd = callback == &DriftSliderModel::onSlideComplete;
+    const std::weak_ptr<bool> gesture = gesture_;
+    // Copies are called: a callback may replace itself.
+    for (const auto& next : {isStart ? &DriftSliderModel::onSlideStarted : nullptr,
+                             callback != &DriftSliderModel::onSlideStarted ? callback : nullptr}) {
+        // Hearing of the start may end the drag: then it does not go on.
+        const bool isOver = next != nullptr && next == callback && !isEnd && gesture.expired();
+        if (next != nullptr && !isOver) {
+            if (const Callback call = (*model).*next) {
+                call(value);
+            }
+        }
     }
 }
-
-} // namespace
 
 double DriftSliderDrag::knobFromPointer(double pointer, double width) const {
     const double x = std::clamp(pointer, 0.0, width) + xDragOffset_;
@@ -69,6 +84,7 @@ double DriftSliderDrag::knobFromPointer(double pointer, double width) const {
 void DriftSliderDrag::begin(core::Point pointer, double width) {
     const auto model = model_; // who is told may destroy this drag
     isDragging_ = true;
+    gesture_ = std::make_shared<bool>(true);
     const auto parts = drift_slider::trackParts(*model, width);
     const double knob = parts ? parts->knobX : 0;
     const bool isOnKnob = pointer.x >= knob - drift_slider::knobReach &&
@@ -79,7 +95,7 @@ void DriftSliderDrag::begin(core::Point pointer, double width) {
     } else {
         model->setPercent(knobFromPointer(pointer.x, width) / width);
     }
-    tell(*model, model->onSlideStarted);
+    tell(&DriftSliderModel::onSlideStarted);
 }
 
 void DriftSliderDrag::move(core::Point pointer, double translation, double width, bool snaps) {
@@ -101,7 +117,7 @@ void DriftSliderDrag::move(core::Point pointer, double translation, double width
     }
     const auto model = model_;
     model->setPercent(place);
-    tell(*model, model->onSlideOngoing);
+    tell(&DriftSliderModel::onSlideOngoing);
 }
 
 void DriftSliderDrag::snapTo(double place) {
@@ -113,7 +129,7 @@ void DriftSliderDrag::snapTo(double place) {
     const double snapped = model->clamped(steps * model->incrementBy + lowest);
     if (model->value.value() != snapped) {
         model->setValue(snapped);
-        tell(*model, model->onSlideOngoing);
+        tell(&DriftSliderModel::onSlideOngoing);
     }
 }
 
@@ -122,10 +138,13 @@ void DriftSliderDrag::end() {
         return;
     }
     isDragging_ = false;
+    gesture_.reset();
     xDragOffset_ = 0;
     xDistanceDragged_ = 0;
-    const auto model = model_;
-    tell(*model, model->onSlideComplete);
+    DriftSliderDrag last(model_); // a callback may begin the next one
+    last.told_ = std::exchange(told_, std::nullopt);
+    last.isStartTold_ = std::exchange(isStartTold_, false);
+    last.tell(&DriftSliderModel::onSlideComplete);
 }
 
 } // namespace driftwood

@@ -52,6 +52,10 @@ class DriftSliderDrag {
     void end();
 
   private:
+    using Callback = DriftSliderModel::Callback;
+
+    /// A start comes before anything else: with the first value where the objects disagreed.
+    void tell(Callback DriftSliderModel::*callback);
     [[nodiscard]] double knobFromPointer(double x, double width) const;
     void begin(core::Point pointer, double width);
     void snapTo(double place);
@@ -60,6 +64,9 @@ class DriftSliderDrag {
     bool isDragging_ = false;
     double xDragOffset_ = 0;      // from the pointer to the knob's centre
     double xDistanceDragged_ = 0; // what a grab on the knob has to overcome first
+    bool isStartTold_ = false;
+    std::shared_ptr<bool> gesture_; // there from the drag's beginning to its end
+    std::optional<double> told_;    // the last value of the drag
 };
 
 } // namespace driftwood

@@ -9,4 +9,8 @@ WindowStyle::WindowStyle()
     setBackgroundColor(Styles::Window::background());
 }
 
+PopoverStyle::PopoverStyle() {
+    setPadding({12, 12});
+}
+
 } // namespace driftwood

@@ -27,7 +27,10 @@ class WindowStyle : public BaseStyle {
     Color textColor_;
 };
 
-/// The style of popovers; a kind of its own, so that it can be restyled.
-class PopoverStyle : public WindowStyle {};
+/// The style of popovers: padding on all sides, as their content is pinned by.
+class PopoverStyle : public WindowStyle {
+  public:
+    PopoverStyle();
+};
 
 } // namespace driftwood

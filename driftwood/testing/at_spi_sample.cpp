@@ -3,6 +3,12 @@
 #include "driftwood/controls/corner_button.hpp"
 #include "driftwood/controls/kestrel_push_button.hpp"
 #include "driftwood/controls/styled_check_box.hpp"
+#include "driftwood/controls/styled_combo_box.hpp"
+#include "driftwood/controls/styled_segmented_control.hpp"
+#include "driftwood/controls/styled_slider.hpp"
+#include "driftwood/controls/tracking_slider.hpp"
+#include "driftwood/declarative/drift_segmented_control.hpp"
+#include "driftwood/declarative/drift_slider.hpp"
 #include "platform/controls/menu.hpp"
 #include "platform/controls/pop_up_button.hpp"
 
@@ -39,6 +45,34 @@ int main(int argc, char** argv) {
     for (QWidget* const button :
          std::initializer_list<QWidget*>{push, box, disabled, corner, popUp}) {
         column->addWidget(button);
+    }
+    auto* const tabs = new driftwood::StyledSegmentedControl(
+        {QStringLiteral("Oscillator"), QStringLiteral("Filter")});
+    tabs->setAccessibleName(QStringLiteral("Section"));
+    tabs->setSelectedSegment(0);
+    auto* const slider = new driftwood::StyledSlider;
+    slider->setAccessibleName(QStringLiteral("Gain"));
+    slider->setRange(-60, 12);
+    slider->setUnit(QStringLiteral("dB"));
+    auto* const knob = new driftwood::TrackingSlider;
+    knob->setAccessibleName(QStringLiteral("Detune"));
+    auto* const combo = new driftwood::StyledComboBox;
+    combo->setAccessibleName(QStringLiteral("Category"));
+    combo->addItems({QStringLiteral("Bass"), QStringLiteral("Pad")});
+    using Behaviour = driftwood::SliderIconClickBehaviour;
+    auto* const drift = new driftwood::DriftSlider(
+        std::make_shared<driftwood::DriftSliderModel>(std::vector<double>{1, 2}, 5, 0, 10, 1,
+                                                      Behaviour::increment),
+        nullptr, nullptr);
+    drift->setValueName(QStringLiteral("Level"), QStringLiteral("%"));
+    using Item = driftwood::DriftSegmentItem;
+    auto* const voices = new driftwood::DriftSegmentedControl(
+        std::make_shared<driftwood::DriftSegmentedControlModel>(
+            driftwood::DriftSegmentedControlModel::Items{std::make_shared<const Item>(0, "Mono"),
+                                                         std::make_shared<const Item>(1, "Poly")}));
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{tabs, slider, knob, combo, drift, voices}) {
+        column->addWidget(control);
     }
     window.show();
     return QApplication::exec();

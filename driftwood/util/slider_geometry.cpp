@@ -134,7 +134,7 @@ core::Rect filledRect(const SliderParts& parts, double place) {
     return core::atLeastEmpty(core::integral(filled));
 }
 
-double placeAt(const SliderParts& parts, const core::Point& point) {
+double placeAlong(const SliderParts& parts, const core::Point& point) {
     if (parts.kind == SliderKind::circular) {
         const core::Point centre = core::midPoint(parts.bounds);
         const double angle = std::atan2(centre.x - point.x, point.y - centre.y);
@@ -146,10 +146,11 @@ double placeAt(const SliderParts& parts, const core::Point& point) {
     const double along =
         isVertical ? parts.bounds.maxY() - point.y : point.x - parts.bounds.origin.x;
     const double room = length - knobThickness(parts);
-    if (!(room > 0)) {
-        return 0;
-    }
-    return directed(parts, std::clamp((along - knobThickness(parts) / 2) / room, 0.0, 1.0));
+    return room > 0 ? directed(parts, (along - knobThickness(parts) / 2) / room) : 0;
+}
+
+double placeAt(const SliderParts& parts, const core::Point& point) {
+    return std::clamp(placeAlong(parts, point), 0.0, 1.0);
 }
 
 double scrolledValue(SliderKind kind, const SliderRange& range, double value,

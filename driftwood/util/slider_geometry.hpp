@@ -52,6 +52,9 @@ struct SliderParts {
 /// The place that the middle of the knob has when it is at a point, kept within 0 and 1.
 [[nodiscard]] double placeAt(const SliderParts& parts, const core::Point& point);
 
+/// The same, beyond the ends of a straight slider less than 0 and more than 1.
+[[nodiscard]] double placeAlong(const SliderParts& parts, const core::Point& point);
+
 /// What a scroll does to a slider's value.
 struct SliderScroll {
     core::Point delta;       ///< in the unit of `platform::scrollingDelta`

@@ -128,14 +128,13 @@ void ParameterSettings::configureAudioUnit(const std::shared_ptr<FernAudioUnit>&
         if (parameter->hostAccess() == HostAccess::hidden) {
             continue;
         }
-        float value = parameter->newestValue();
-        audioUnit->setParameter(parameter->address(), value);
-        // A host may be writing already.
-        for (float newest = parameter->newestValue(); newest != value;
-             newest = parameter->newestValue()) {
+        float value = 0;
+        float newest = parameter->newestValue();
+        do { // a host may be writing already
             value = newest;
             audioUnit->setParameter(parameter->address(), value);
-        }
+            newest = parameter->newestValue();
+        } while (newest != value);
         // Nobody has told the interface of what the tree got before it was listened to.
         parameter->setValue(value, ParameterEditor::parameterObserver,
                             ParameterEditorState::change);
@@ -211,10 +210,11 @@ void ParameterSettings::setValue(float value, AUParameterAddress address, Parame
     // tells it last finds its own value in the tree.
     const AUParameter& written = *found->second->auParameter();
     if (written.writeBeingTold(value)) {
-        for (float newest = written.writtenValue(); newest != value;
-             newest = written.writtenValue()) {
+        float newest = written.writtenValue();
+        while (newest != value) {
             value = newest;
             unit->setParameter(address, value);
+            newest = written.writtenValue();
         }
     }
 }

@@ -11,4 +11,19 @@ void addDriftwoodButtonPages(std::vector<Page>& pages) {
     }
 }
 
+void addDriftwoodTextPages(std::vector<Page>& pages) {
+    for (const auto& make :
+         {textFieldPage, textLabelPage, validatingFieldPage, propertiesPage, searchFieldPage}) {
+        pages.push_back(make());
+    }
+}
+
+void addDriftwoodControlPages(std::vector<Page>& pages) {
+    for (const auto& make :
+         {slidersPage, trackingSliderPage, popUpsPage, comboBoxPage, segmentedControlPage,
+          simpleViewsPage, driftSliderPage, driftSegmentedControlPage, presetPanePage}) {
+        pages.push_back(make());
+    }
+}
+
 } // namespace gallery

@@ -17,7 +17,7 @@ bool ParameterEventQueue::schedule(const AUParameterEvent& event) noexcept {
         return false;
     }
     const auto ticket = ring_.claim();
-    ticket.cell->event = event;
+    ticket.cell->event = event; // NOLINT(clang-analyzer-core.CallAndMessage): there is a cell
     ring_.publish(ticket);
     return true;
 }

@@ -61,6 +61,13 @@ void CellControl::cellDidChange() {
     update();
 }
 
+void CellControl::setCell(std::unique_ptr<Cell> cell) {
+    const CellState before = cell_->cellState();
+    cell_ = std::move(cell);
+    setCellState(before);
+    cellDidChange();
+}
+
 void CellControl::setCellState(const CellState& state) {
     const CellState before = cell_->cellState();
     cell_->setCellState(state);

@@ -102,6 +102,8 @@ class CellControl : public QWidget, public Control {
     [[nodiscard]] virtual QColor focusRingColor() const;
 
     void setCellState(const CellState& state);
+    /// Puts another cell, which is not null, in the place of the one of now.
+    void setCell(std::unique_ptr<Cell> cell);
     /// Tells screen readers that it is selected by now, or no longer.
     void accessibleSelectionDidChange();
     [[nodiscard]] core::Rect bounds() const;

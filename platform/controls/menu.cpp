@@ -353,6 +353,12 @@ bool Menu::event(QEvent* event) {
             menu->setShowsAlternates(held.testFlag(Qt::AltModifier));
         }
     }
+    if (event->type() == QEvent::Resize &&
+        (over_ == nullptr || indexOf(qobject_cast<MenuItem*>(over_)) == 0)) {
+        // The toolkit would measure all items a second time. Their places follow from the screen
+        // and from the items, not from the size, unless the menu opens scrolled.
+        return QWidget::event(event);
+    }
     if (!event->isInputEvent()) {
         return QMenu::event(event);
     }
