@@ -58,7 +58,11 @@ class InvisibleDivider final : public QSplitterHandle {
         const bool isHorizontal = orientation() == Qt::Horizontal;
         QList<int> sizes = splitter()->sizes();
         const int index = splitter()->indexOf(this);
-        int& before = sizes[index - 1];
+        int previous = index - 1;
+        while (previous > 0 && splitter()->widget(previous)->isHidden()) {
+            --previous;
+        }
+        int& before = sizes[previous];
         int& after = sizes[index];
         const int all = before + after;
         int by = 0;
@@ -77,6 +81,7 @@ class InvisibleDivider final : public QSplitterHandle {
         before = std::clamp(before + (isHorizontal && isRightToLeft() ? -by : by), 0, all);
         after = all - before;
         splitter()->setSizes(sizes); // keeps to the views' smallest sizes
+        emit splitter()->splitterMoved(isHorizontal ? x() : y(), index);
     }
 
   private:

@@ -161,10 +161,21 @@ void StyledSegmentedControl::setDistribution(SegmentDistribution distribution) {
     update();
 }
 
+/// Tells of a segment as it is now.
+void StyledSegmentedControl::tellSelection(std::optional<int> segment) {
+    if (segment && QAccessible::isActive()) {
+        QAccessibleEvent event(this, QAccessible::Selection);
+        event.setChild(*segment);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
 void StyledSegmentedControl::setSelectedSegment(std::optional<int> segment) {
+    const auto before = selectedSegment();
     if (styledCell().row().select(segment)) {
         update();
-        accessibleSelectionDidChange();
+        tellSelection(before);
+        tellSelection(selectedSegment());
     }
 }
 
@@ -172,7 +183,7 @@ void StyledSegmentedControl::setHideSelection(bool hides) {
     if (hides != hideSelection()) {
         styledCell().setHideSelection(hides);
         update();
-        accessibleSelectionDidChange();
+        tellSelection(selectedSegment());
     }
 }
 

@@ -124,6 +124,7 @@ class StyledSegmentedControl : public KitControl<platform::CellControl, StyledSe
     bool handleEvent(QEvent* event) override;
 
   private:
+    void tellSelection(std::optional<int> segment);
     [[nodiscard]] std::vector<core::Rect> frames() const;
     [[nodiscard]] bool moveKey(const QKeyEvent& event);
     [[nodiscard]] bool press(const QEvent& event);

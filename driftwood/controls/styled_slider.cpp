@@ -134,7 +134,8 @@ void StyledSliderCell::drawBar(const SliderParts& parts, const platform::CellCan
     StyledControlState atRest = controlState();
     atRest.remove(StyledControlState::highlighted);
     drawTrack(driftwood::barRect(parts), style().barImage(atRest), canvas);
-    drawTrack(filledRect(parts, place_), style().barImage(StyledControlState::highlighted), canvas);
+    drawTrack(filledRect(parts, place_), style().barImages().at(StyledControlState::highlighted),
+              canvas);
 }
 
 void StyledSliderCell::drawKnob(const core::Rect& frame, const platform::CellCanvas& canvas) const {

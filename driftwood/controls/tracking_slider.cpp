@@ -39,6 +39,13 @@ core::Instant timeOf(const QInputEvent& event) {
 TrackingSlider::TrackingSlider(const platform::ImageAsset* image, QWidget* parent)
     : ClickableImageView(image, parent), cursor_(*this, trackingCursorImage(), QPoint(3, 4)) {}
 
+TrackingSlider::~TrackingSlider() {
+    cancelTracking();
+    if (values_ != nullptr) {
+        values_->finish();
+    }
+}
+
 void TrackingSlider::setRange(double minimum, double maximum) {
     value_.minimumValue = minimum;
     value_.maximumValue = maximum;
@@ -138,6 +145,7 @@ void TrackingSlider::handlePan(PanState state) {
 }
 
 void TrackingSlider::cancelTracking() {
+    ClickableImageView::cancelTracking(); // a key's press
     if (pan_.isPressed()) {
         const PanState state = pan_.cancel();
         setAlphaValue(1);

@@ -30,6 +30,7 @@ class TrackingSlider : public ClickableImageView, public ValueControl {
     /// The image outlives the slider. Without the image "cursor-trackingslider" in the kit's bundle
     /// the program stops.
     explicit TrackingSlider(const platform::ImageAsset* image = nullptr, QWidget* parent = nullptr);
+    ~TrackingSlider() override;
 
     Callback onSlideStarted;
     Callback onSlideComplete;

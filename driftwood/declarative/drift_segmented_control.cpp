@@ -85,7 +85,9 @@ void DriftSegmentedControl::makeButtons() {
         button->installEventFilter(this);
         connect(button, &QAbstractButton::clicked, this, [this, item] {
             const QPointer<QWidget> self(this);
-            model_->userSelect(item); // may destroy the control
+            const auto model = model_;
+            const auto chosen = item;
+            model->userSelect(chosen); // may destroy the control
             if (self != nullptr) {
                 showSelection(); // the toolkit has checked the button by itself
             }
@@ -93,8 +95,8 @@ void DriftSegmentedControl::makeButtons() {
         layout()->addWidget(button);
         buttons_.push_back(button);
     }
-    showSelection();
     setTabStop(0);
+    showSelection(); // the selected one takes it
 }
 
 void DriftSegmentedControl::showSelection() {

@@ -94,8 +94,12 @@ DriftSettingsSection::DriftSettingsSection(const QString& label,
     }
     if (!content.empty()) {
         label_->setBuddy(content.front());
-        if (content.front()->accessibleName().isEmpty()) {
-            content.front()->setAccessibleName(label);
+        QWidget* named = content.front();
+        while (named->focusProxy() != nullptr) {
+            named = named->focusProxy(); // what the keyboard and screen readers meet
+        }
+        if (named->accessibleName().isEmpty()) {
+            named->setAccessibleName(label);
         }
     }
     followConfig();

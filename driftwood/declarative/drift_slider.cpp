@@ -59,9 +59,7 @@ void DriftSliderCell::drawInterior(const core::Rect& frame,
         return {{left, top}, {width, knobSize}};
     };
     if (parts->fillWidth > 0) {
-        const bool isMixed = !model->value.value();
-        paintPart(canvas, place(0, parts->fillWidth), sliderImages().filling,
-                  isMixed ? opacity * 0.5 : opacity);
+        paintPart(canvas, place(0, parts->fillWidth), sliderImages().filling, opacity);
     }
     for (const auto& extra : parts->extraKnobs) {
         if (extra) {
@@ -157,7 +155,8 @@ bool DriftSliderTrack::takeMouse(const QMouseEvent& event) {
         }
         if (std::exchange(isResetting_, false)) {
             if (rect().contains(event.position().toPoint())) {
-                model_->resetToDefaultValue();
+                const auto model = model_; // whoever is told may destroy the track
+                model->resetToDefaultValue();
             }
             return true;
         }

@@ -3,6 +3,7 @@
 #include "core/fatal.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace driftwood {
 namespace {
@@ -57,7 +58,9 @@ void DriftSliderModel::setPercent(std::optional<double> percent) {
 }
 
 void DriftSliderModel::setValue(double newValue) {
-    value.set(clamped(newValue));
+    if (const double kept = clamped(newValue); !std::isnan(kept)) {
+        value.set(kept);
+    }
 }
 
 void DriftSliderModel::leftIconClicked() {
@@ -87,6 +90,9 @@ void DriftSliderModel::step(double increments) {
 }
 
 void DriftSliderModel::finish(double newValue) {
+    if (std::isnan(newValue)) {
+        return;
+    }
     setValue(newValue);
     complete();
 }

@@ -47,7 +47,7 @@ class DriftSliderModel {
     [[nodiscard]] std::optional<double> percent() const;
     /// Sets the value at a place, kept within the range; none makes it mixed.
     void setPercent(std::optional<double> percent);
-    /// Sets the value, kept within the range.
+    /// Sets the value, kept within the range; what is no number is ignored.
     void setValue(double newValue);
     [[nodiscard]] double clamped(double of) const;
 

@@ -14,7 +14,7 @@ constexpr double smallestTrack = 10; // exclusive
 constexpr double deadZone = 20;
 
 double knobCentre(double place, double width) {
-    return std::clamp(place * width, knobReach, width - knobReach);
+    return std::clamp(place * width, knobReach, std::max(knobReach, width - knobReach));
 }
 
 } // namespace
@@ -26,7 +26,7 @@ std::optional<TrackParts> trackParts(const DriftSliderModel& model, double width
     TrackParts parts;
     const auto& starts = model.startingValues;
     const auto place = model.percent();
-    if ((place || !starts.empty()) && width < knobSize) {
+    if (place && width < knobSize) {
         core::fatal("A slider's track needs 16 points for its knob");
     }
     if (place) {
@@ -93,7 +93,11 @@ void DriftSliderDrag::begin(core::Point pointer, double width) {
     if (isOnKnob) {
         xDragOffset_ = knob - pointer.x;
     } else {
+        const std::weak_ptr<bool> gesture = gesture_;
         model->setPercent(knobFromPointer(pointer.x, width) / width);
+        if (gesture.expired()) {
+            return; // an observer of the value has ended the drag, and perhaps the view
+        }
     }
     tell(&DriftSliderModel::onSlideStarted);
 }
@@ -115,9 +119,7 @@ void DriftSliderDrag::move(core::Point pointer, double translation, double width
     if (xDragOffset_ != 0 && xDistanceDragged_ < drift_slider::deadZone) {
         return;
     }
-    const auto model = model_;
-    model->setPercent(place);
-    tell(&DriftSliderModel::onSlideOngoing);
+    change([&](DriftSliderModel& model) { model.setPercent(place); });
 }
 
 void DriftSliderDrag::snapTo(double place) {
@@ -127,8 +129,16 @@ void DriftSliderDrag::snapTo(double place) {
     const double steps =
         std::round((place * (model->maximumValue - lowest) - lowest) / model->incrementBy);
     const double snapped = model->clamped(steps * model->incrementBy + lowest);
-    if (model->value.value() != snapped) {
-        model->setValue(snapped);
+    if (!std::isnan(snapped) && model->value.value() != snapped) { // a step of 0 leads nowhere
+        change([&](DriftSliderModel& changed) { changed.setValue(snapped); });
+    }
+}
+
+void DriftSliderDrag::change(const std::function<void(DriftSliderModel& model)>& edit) {
+    const auto model = model_;
+    const std::weak_ptr<bool> gesture = gesture_;
+    edit(*model);
+    if (!gesture.expired()) { // or an observer of the value has ended the drag
         tell(&DriftSliderModel::onSlideOngoing);
     }
 }

@@ -4,6 +4,7 @@
 #include "driftwood/declarative/drift_slider_model.hpp"
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -59,6 +60,8 @@ class DriftSliderDrag {
     [[nodiscard]] double knobFromPointer(double x, double width) const;
     void begin(core::Point pointer, double width);
     void snapTo(double place);
+    /// Edits the model in the course of the drag, and tells of it.
+    void change(const std::function<void(DriftSliderModel& model)>& edit);
 
     std::shared_ptr<DriftSliderModel> model_;
     bool isDragging_ = false;

@@ -156,6 +156,34 @@ TEST(DriftSliderDrag, JumpsBesideTheKnobHoldsOnItAndSnaps) {
     }
 }
 
+TEST(DriftSliderDrag, EndsOnceWhereAnObserverOfTheValueEndsItAndKnowsNumbersOnly) {
+    for (const double endsAt : {75.0, 80.0}) { // the press, and a move
+        const auto model = makeModel({50});
+        const auto log = listen(*model);
+        auto drag = std::make_unique<DriftSliderDrag>(model);
+        const auto observer = model->value.observe([&](const std::optional<double>& value) {
+            if (value == endsAt) {
+                drag->end();
+                drag.reset();
+            }
+        });
+        for (double x = 150; drag != nullptr; x += 10) {
+            drag->move({x, 12}, 10, 200, false);
+        }
+        EXPECT_EQ(*log, endsAt == 75 ? "s75 c75 " : "s75 c80 ");
+    }
+    const auto model = makeModel({50});
+    model->incrementBy = 0;
+    const auto log = listen(*model);
+    DriftSliderDrag drag(model);
+    drag.move({150, 12}, 0, 200, false);
+    drag.move({160, 12}, 10, 200, true);
+    drag.end();
+    model->setValue(std::nan(""));
+    EXPECT_EQ(*log, "s75 c75 ");
+    EXPECT_EQ(model->value.value(), 75);
+}
+
 TEST(DriftSegmentModel, SelectsDeselectsAndShowsWhatWasHidden) {
     const auto item = [](int id) {
         return std::make_shared<const DriftSegmentItem>(id, std::to_string(id));

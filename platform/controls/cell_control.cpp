@@ -131,9 +131,7 @@ QAccessibleInterface* CellControl::makeAccessible() {
 
 void CellControl::accessibleSelectionDidChange() {
     if (QAccessible::isActive()) {
-        QAccessible::State changed;
-        changed.selected = true;
-        QAccessibleStateChangeEvent event(this, changed);
+        QAccessibleEvent event(this, QAccessible::Selection); // of a changed state nobody is told
         QAccessible::updateAccessibility(&event);
     }
 }
