@@ -42,6 +42,7 @@ TEST_F(PresetPanes, TakeATypedStepBackInAllOfTheirFields) {
     EXPECT_TRUE(name.popoverController().isShown()) << "while one types";
     QTest::keyClick(&name, Qt::Key_Return);
     EXPECT_EQ(changes, 0) << "refused";
+    QTest::keyClick(&name, Qt::Key_End);
     QTest::keyClick(&name, Qt::Key_Backspace);
     QTest::keyClick(&name, Qt::Key_Tab);
     EXPECT_EQ(name.stringValue(), QStringLiteral("$wide"));
