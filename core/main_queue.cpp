@@ -115,7 +115,7 @@ bool MainQueue::hasWork() const noexcept {
     return overflow_.load(std::memory_order_seq_cst) != nullptr;
 }
 
-// Moves what was put in line since the last time behind what stands there, oldest first.
+// Moves what was queued since the last time behind what stands there, oldest first.
 void MainQueue::sortLine() noexcept {
     if (overflow_.load(std::memory_order_acquire) == nullptr) {
         return;
@@ -160,7 +160,7 @@ void MainQueue::withdraw(Mergeable& state) noexcept {
     }
 }
 
-// Takes over the second line once the former one is through. What stood in the ring when the
+// Takes over the overflow list once the former one is through. What stood in the ring when the
 // states were copied has to run before them, hence `takenBehind_`. Returns false when nobody stood
 // there; then the marker is gone, too, and the ring is open again.
 bool MainQueue::takeOverflow() noexcept {

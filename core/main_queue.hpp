@@ -25,16 +25,16 @@ class Waker {
 };
 
 /// Something whose newest state is carried to the main thread when the queue has no room left for
-/// every single change: however often it is put in line, it stands there once. It keeps itself
-/// alive until it has left, or withdraws from the queue before it ends.
+/// every single change: however often it is queued, it stands there once (coalescing). It keeps
+/// itself alive until it has left, or withdraws from the queue before it ends.
 class Mergeable {
   public:
-    /// Main thread, while nobody else can put the object in line: the place to move whatever keeps
+    /// Main thread, while nobody else can queue the object: the place to move whatever keeps
     /// it alive to where only the main thread sees it. False when it is just ending on another
     /// thread; then none of the others is called.
     virtual bool leaveLine() noexcept { return true; }
     /// Main thread: copies the newest state aside. Everything stored before a `merge` that found
-    /// the object in line is part of it; whoever stores something later puts it in line again.
+    /// the object queued is part of it; whoever stores something later queues it again.
     virtual void take() noexcept = 0;
     /// Main thread: makes the state that was taken visible. It may drain the queue, and so take
     /// the next state, before it returns.
@@ -48,8 +48,8 @@ class Mergeable {
   private:
     friend class MainQueue;
     std::atomic<bool> isInLine_{false};
-    Mergeable* next_ = nullptr;      // in line
-    Mergeable* previous_ = nullptr;  // in line, once it has been sorted
+    Mergeable* next_ = nullptr;      // in the overflow list
+    Mergeable* previous_ = nullptr;  // in the overflow list, once it has been sorted
     Mergeable* nextTaken_ = nullptr; // on the main thread
 };
 
@@ -57,16 +57,16 @@ class Mergeable {
 /// of posting. Posting takes no lock, and makes no system call while the main thread is awake
 /// anyway. Tasks must not throw.
 ///
-/// The tasks stand in a ring of fixed size. When it is full, further ones stand in a second line,
-/// which is drained behind the ring; until that line is empty again everything new goes there, so
-/// that the order holds. There a `Mergeable` costs no memory, and a task one heap block.
+/// The tasks stand in a ring of fixed size. When it is full, further ones stand in an overflow
+/// list, which is drained behind the ring; until that list is empty again everything new goes
+/// there, so that the order holds. There a `Mergeable` costs no memory, and a task one heap block.
 ///
 /// The main thread is the one that adds the first waker or, without any, drains first. It stays so
 /// until the last waker is removed. Draining on another thread stops the program.
 class MainQueue {
   public:
     /// Tasks up to this size (in bytes) are stored in the ring itself; a larger one stands in the
-    /// second line.
+    /// overflow list.
     static constexpr std::size_t inlineTaskSize = 48;
 
     /// `capacity` is the number of tasks in the ring, rounded up to a power of two.
@@ -89,7 +89,7 @@ class MainQueue {
     }
 
     /// As `post`, but gives up, leaving the task untouched, when the ring is full, when others
-    /// stand in the second line already, or when the task is larger than `inlineTaskSize`. Never
+    /// stand in the overflow list already, or when the task is larger than `inlineTaskSize`. Never
     /// allocates.
     template<class Task>
     [[nodiscard]] bool tryPost(Task&& task) {
@@ -116,21 +116,21 @@ class MainQueue {
             wakeIfAsleep();
             return true;
         } else {
-            // Too large for a cell: a boxed task in the second line keeps the order, too.
+            // Too large for a cell: a boxed task in the overflow list keeps the order, too.
             return false;
         }
     }
 
-    /// Whether `state` stands in the second line, or is about to. While it does, its changes have
+    /// Whether `state` stands in the overflow list, or is about to. While it does, its changes have
     /// to be merged: a task posted in their place could overtake those that wait. Any thread.
     [[nodiscard]] static bool standsInLine(const Mergeable& state) noexcept {
         return state.isInLine_.load(std::memory_order_acquire);
     }
 
-    /// Puts `state` into the second line, unless it stands there already; then the `take` to come
+    /// Puts `state` into the overflow list, unless it stands there already; then the `take` to come
     /// sees what the caller has stored before this call. Returns true when this call has put it
-    /// in line. `beforeEntering` runs in that case, before the main thread can see the object: the
-    /// place for taking a reference to whatever keeps it alive. Any thread.
+    /// in the overflow list. `beforeEntering` runs in that case, before the main thread can see the
+    /// object: the place for taking a reference to whatever keeps it alive. Any thread.
     template<class BeforeEntering>
     bool merge(Mergeable& state, BeforeEntering&& beforeEntering) noexcept {
         if (state.isInLine_.exchange(true, std::memory_order_acq_rel)) {
@@ -141,8 +141,8 @@ class MainQueue {
         return true;
     }
 
-    /// Takes `state` out of the second line, if it stands there. Any thread but an audio thread;
-    /// for the end of objects that the line does not keep alive. Nobody puts it in line meanwhile.
+    /// Takes `state` out of the overflow list, if it stands there. Any thread but an audio thread;
+    /// for the end of objects that the list does not keep alive. Nobody queues it meanwhile.
     void withdraw(Mergeable& state) noexcept;
 
     /// Main thread: runs up to `budget` tasks. Returns true when something may be left to do, and
@@ -208,7 +208,7 @@ class MainQueue {
         Task task_;
     };
 
-    /// Stands in `overflow_` while the second line is empty but the order still needs it.
+    /// Stands in `overflow_` while the overflow list is empty but the order still needs it.
     class Marker final : public Mergeable {
       public:
         void take() noexcept override {}

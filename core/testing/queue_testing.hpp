@@ -15,7 +15,7 @@ class CountingWaker final : public Waker {
     std::atomic<int> count{0};
 };
 
-/// One number whose newest value has to arrive, kept alive by a reference while it is in line.
+/// One number whose newest value has to arrive, kept alive by a reference while it is queued.
 class Number final : public Mergeable, public std::enable_shared_from_this<Number> {
   public:
     void send(MainQueue& queue, int value) {

@@ -34,6 +34,7 @@ class ClickableView {
     [[nodiscard]] virtual core::Stream<Click>& clicked() = 0;
 };
 
+/// A view, and the control that a click on it is meant for. Neither is owned.
 struct ClickableControlPair {
     ClickableView& view;
     QWidget& control;

@@ -4,6 +4,7 @@
 
 namespace driftwood {
 
+/// The cell of a back button: its bezel is mirrored where text runs from right to left.
 class BackButtonCell : public StyledCell<BackButtonCell, StyledButtonCell, BackButtonCellStyle> {
   public:
     using StyledCell::StyledCell;

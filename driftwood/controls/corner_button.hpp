@@ -9,6 +9,7 @@ class Menu;
 // All of this is for the main thread.
 namespace driftwood {
 
+/// The styled button cell with the style of corners.
 class CornerButtonCell
     : public StyledCell<CornerButtonCell, StyledButtonCell, CornerButtonCellStyle> {
   public:

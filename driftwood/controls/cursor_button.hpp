@@ -6,6 +6,7 @@
 // All of this is for the main thread.
 namespace driftwood {
 
+/// A button cell without a bezel.
 class CursorButtonCell : public platform::ButtonCell {
   public:
     explicit CursorButtonCell(const QString& title = {}) : ButtonCell(title) { setBordered(false); }

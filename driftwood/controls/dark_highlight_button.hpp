@@ -9,6 +9,7 @@
 // All of this is for the main thread.
 namespace driftwood {
 
+/// A button cell without a bezel that draws its image itself, see the button.
 class DarkHighlightButtonCell : public platform::ButtonCell {
   public:
     explicit DarkHighlightButtonCell(const QString& title = {}) : ButtonCell(title) {

@@ -5,6 +5,7 @@
 // All of this is for the main thread.
 namespace driftwood {
 
+/// A button cell without a bezel, its image behind the title.
 class PopUpCyclingButtonCell : public platform::ButtonCell {
   public:
     explicit PopUpCyclingButtonCell(const QString& title = {}) : ButtonCell(title) {

@@ -24,6 +24,7 @@ class StyledCheckBoxCell
     void drawInterior(const core::Rect& frame, const platform::CellCanvas& canvas) const override;
 };
 
+/// A check box in the kit's style; screen readers are told that it is one.
 class StyledCheckBox : public StyledButton {
   public:
     explicit StyledCheckBox(const QString& title, QWidget* parent = nullptr)
@@ -38,6 +39,7 @@ class StyledCheckBox : public StyledButton {
         : StyledButton(std::move(cell), parent) {}
 };
 
+/// The check box cell with the style of favourites.
 class FavouriteCheckBoxCell
     : public StyledCell<FavouriteCheckBoxCell, StyledCheckBoxCell, FavouriteCheckBoxCellStyle> {
   public:

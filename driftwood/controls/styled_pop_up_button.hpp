@@ -49,18 +49,21 @@ class MenuButtonCell : public BezelButtonCell {
     mutable platform::LineText text_;
 };
 
+/// The menu button cell with the style of pop-up buttons.
 class StyledPopUpButtonCell
     : public StyledCell<StyledPopUpButtonCell, MenuButtonCell, PopUpButtonCellStyle> {
   public:
     using StyledCell::StyledCell;
 };
 
+/// The same with the style of tool bars.
 class ToolPopUpButtonCell
     : public StyledCell<ToolPopUpButtonCell, StyledPopUpButtonCell, ToolPopUpButtonCellStyle> {
   public:
     using StyledCell::StyledCell;
 };
 
+/// The menu button cell with the style of pop-down buttons.
 class StyledPopDownButtonCell
     : public StyledCell<StyledPopDownButtonCell, MenuButtonCell, StyledPopDownButtonCellStyle> {
   public:

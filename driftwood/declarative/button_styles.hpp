@@ -2,6 +2,7 @@
 
 #include "platform/controls/button.hpp"
 
+// All of this is for the main thread.
 namespace driftwood {
 
 /// What both styles share: a label over one of the kit's two bezels, chosen by whether the button

@@ -15,11 +15,13 @@ namespace driftwood {
 /// images are not stored, so that a missing asset is the same as a missing entry.
 class StateImages {
   public:
+    /// An image for one state.
     struct Entry {
         StyledControlState state;
         Image image;
         friend bool operator==(const Entry&, const Entry&) = default;
     };
+    /// The same by the image's name in the asset source.
     struct Named {
         StyledControlState state;
         std::string_view image;

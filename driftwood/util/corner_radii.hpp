@@ -2,7 +2,7 @@
 
 namespace driftwood {
 
-/// The radii of a rectangle's corners, in points; 0 is a square corner. A value.
+/// The radii of a rectangle's corners, in points; 0 is a square corner. A value, for any thread.
 struct CornerRadii {
     double topLeft = 0;
     double topRight = 0;

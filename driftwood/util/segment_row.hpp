@@ -17,6 +17,8 @@ enum class SegmentDistribution {
     fill ///< every segment gets an equal share of it
 };
 
+/// Where segments go: the place they have in points, what becomes of the room that is left, and the
+/// direction in which they follow each other.
 struct SegmentRowLayout {
     core::Rect bounds;
     SegmentDistribution distribution = SegmentDistribution::fit;

@@ -6,7 +6,7 @@
 
 namespace fernhorn {
 
-/// A coloured key that calls back when it is clicked.
+/// A coloured key that calls back when it is clicked. Main thread.
 class ChaosButton final : public PressButton {
     Q_OBJECT
 
@@ -27,11 +27,11 @@ class ChaosButton final : public PressButton {
     std::function<void()> onPressed_;
 };
 
-/// Whether the user holds the option key (Alt) now.
+/// Whether the user holds the option key (Alt) now. Main thread.
 [[nodiscard]] bool isOptionKeyHeld();
 
 /// A button with two images that calls back when it is clicked. Give it a name for screen readers:
-/// `setAccessibleName`, or the tool tip.
+/// `setAccessibleName`, or the tool tip. Main thread.
 class ImageButton final : public PressButton {
     Q_OBJECT
 

@@ -8,6 +8,7 @@
 
 class QWidget;
 
+// All of this is for the main thread.
 namespace fernhorn {
 
 /// The kit's typefaces. The program that hosts the views registers them

@@ -9,6 +9,7 @@ namespace fernhorn {
 class AudioParameter;
 
 /// Numbers with a fixed number of decimal places, in the C locale both ways.
+/// Immutable: any thread.
 class DefaultLabelFormatter final : public LabelFormatter {
   public:
     /// Shows absolute cents as hundreds of them. The parameter is not kept.

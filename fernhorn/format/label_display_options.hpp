@@ -4,7 +4,8 @@
 
 namespace fernhorn {
 
-/// How a dial wants its value label to look; given as a whole. Sizes and widths are in points.
+/// How a dial wants its value label to look; given as a whole. Sizes and widths are in points. A
+/// value.
 struct LabelDisplayOptions {
     core::SRGBColor valueColor; ///< of the value and its unit
     double labelFontSize;       ///< of the parameter's name, where a dial shows it

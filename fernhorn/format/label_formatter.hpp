@@ -7,7 +7,8 @@
 namespace fernhorn {
 
 /// Turns a parameter's value into the text of its label and back. Held by `std::shared_ptr`; a
-/// label keeps its formatter for its whole life. Texts are UTF-8.
+/// label keeps its formatter for its whole life. Texts are UTF-8. Labels call it on the
+/// main thread, hosts on any thread: no operation may change it.
 class LabelFormatter {
   public:
     virtual ~LabelFormatter() = default;

@@ -8,7 +8,8 @@ namespace fernhorn {
 
 class AudioParameter;
 
-/// The names of the values 0, 1, 2 …; for parameters whose value never leaves them.
+/// The names of the values 0, 1, 2 …; for parameters whose value never leaves them. Immutable: any
+/// thread.
 class LabelNameFormatter final : public LabelFormatter {
   public:
     /// Copies the parameter's value strings, if it has any. The parameter is not kept.

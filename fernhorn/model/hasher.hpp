@@ -6,7 +6,8 @@
 namespace fernhorn {
 
 /// Folds a sequence of values into one number. It starts from a number drawn once per process, so
-/// results are only comparable within one run. The order of the values matters.
+/// results are only comparable within one run. The order of the values matters. One
+/// thread at a time.
 class Hasher {
   public:
     Hasher();

@@ -19,7 +19,8 @@ enum class HostAccess : std::uint8_t {
     hidden,
 };
 
-/// A parameter, member by member: `{.address = 1, .identifier = "drive", .name = "Drive"}`.
+/// A parameter, member by member: `{.address = 1, .identifier = "drive", .name = "Drive"}`. A
+/// value.
 struct ParameterDescription {
     platform::AUParameterAddress address = 0;
     /// For states and trees; never changes once a version of the plug-in is out.

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+// Plain values, for any thread.
 namespace fernhorn {
 
 /// Where an edit came from.

@@ -58,7 +58,7 @@ void PendingChanges::send(const ParameterChange& change, core::MainQueue& queue)
     // Released, so that whoever sees the edit counted sees its value.
     count_.fetch_add(unit(change.source), std::memory_order_seq_cst);
     static_assert(sizeof(Arrival) <= core::MainQueue::inlineTaskSize);
-    // Another thread may have claimed the place in line and not taken it yet; until it has, the
+    // Another thread may have claimed the place in the list and not taken it yet; until it has, the
     // ring looks open.
     if (core::MainQueue::standsInLine(*this) ||
         !queue.tryPost(Arrival{parameter_.shared_from_this(), change})) {
@@ -100,7 +100,7 @@ bool PendingChanges::leaveLine() noexcept {
 
 // Both sources have to be taken as of one moment: of two changes from one thread, the first must
 // not be left behind while the second is taken. What got its number after the moment stays;
-// whoever made it puts the parameter in line again.
+// whoever made it queues the parameter again.
 void PendingChanges::take() noexcept {
     const auto last = parameter_.auParameter()->lastWrite();
     taken_[0] = takeNewest(ParameterEditor::parameterObserver, last);

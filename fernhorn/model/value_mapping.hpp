@@ -2,6 +2,7 @@
 
 #include <optional>
 
+// Plain values and arithmetic on them, for any thread.
 namespace fernhorn {
 
 /// A closed range of values; `lower` must not be above `upper`, and neither may be NaN.

@@ -14,6 +14,7 @@ namespace fernhorn {
 
 /// One step of an edit, as hosts want to be told of it.
 struct HostEdit {
+    /// Which step it is.
     enum class Kind : std::uint8_t {
         begin, ///< somebody touches the control; the value is that of now
         value,

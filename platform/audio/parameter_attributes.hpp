@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// The ten attributes a parameter is created from.
+/// The ten attributes a parameter is created from. A value.
 struct AUParameter::Attributes {
     std::string identifier;
     std::string name;

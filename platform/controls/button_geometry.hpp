@@ -4,6 +4,7 @@
 
 #include <optional>
 
+// Plain values and arithmetic on them, for any thread.
 namespace platform {
 
 /// Where a button's image stands beside its title. The values count.

@@ -7,6 +7,7 @@
 
 class QPainter;
 
+// All of this is for the main thread.
 namespace platform {
 
 class ImageAsset;

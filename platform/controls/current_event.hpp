@@ -27,6 +27,7 @@ struct EventModifiers {
     friend bool operator==(const EventModifiers&, const EventModifiers&) = default;
 };
 
+/// An event of the mouse or the keyboard, as far as actions ask for it.
 struct InputEvent {
     EventKind kind = EventKind::other;
     EventModifiers modifiers;

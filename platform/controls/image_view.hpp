@@ -8,6 +8,7 @@ namespace platform {
 class ImageAsset;
 
 /// Shows an image at its natural size, a template image in one colour. Null shows nothing.
+/// Main thread.
 class ImageView final : public QWidget {
     Q_OBJECT
 

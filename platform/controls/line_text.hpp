@@ -20,6 +20,7 @@ enum class LineAlignment { left, centre, right, natural };
 /// What of a line that is too long is left out.
 enum class LineEliding { head, middle, tail, none };
 
+/// How a line of text is laid into its place.
 struct LineLayout {
     LineAlignment alignment = LineAlignment::centre;
     LineEliding eliding = LineEliding::tail;

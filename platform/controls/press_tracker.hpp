@@ -18,7 +18,7 @@ enum class PressStep : std::uint8_t {
 /// One press of a button, from the event that begins it to the one that ends it; every `began` is
 /// followed by one `clicked` or `cancelled` as long as the owner calls `cancel` before it goes. It
 /// knows points, not widgets; each operation takes the button's bounds of now, whose upper and left
-/// edges are part of it. A value.
+/// edges are part of it. A value, for one thread at a time.
 class PressTracker {
   public:
     /// From `began` on, wherever the pointer goes.

@@ -16,7 +16,7 @@ struct TextShadow {
 };
 
 /// One line of text, centred, with shadows that are applied one after another: each falls from the
-/// text and the shadows before it.
+/// text and the shadows before it. Main thread.
 class ShadowedLabel final : public QLabel {
     Q_OBJECT
 

@@ -25,7 +25,8 @@ struct AboutPanelLook {
 /// The standard about panel: the program's icon, name, version and credits, from the information of
 /// its bundle ("CFBundleName", "CFBundleShortVersionString", "CFBundleVersion", "Credits",
 /// "NSHumanReadableCopyright"; what is missing is left out) and its image "application-icon-64".
-/// The credits are translated by the catalogues, context "Information".
+/// The credits are translated by the catalogues, context "Information". Main
+/// thread.
 class AboutPanel final : public QDialog {
     Q_OBJECT
 

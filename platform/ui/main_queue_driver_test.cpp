@@ -52,7 +52,7 @@ TEST(MainQueueDriver, RunsWhatWasPostedBeforeInput) {
              [&] { QTest::keyClick(witness.windowHandle(), Qt::Key_T, Qt::ControlModifier); }}) {
         ++posted;
         std::thread([&] { queue.post([&] { ++done; }); }).join();
-        // The queue's descriptor is readable, but the event stands in line before it.
+        // The queue's descriptor is readable, but the event is queued before it.
         input();
         EXPECT_EQ(doneAtInput, posted);
     }

@@ -6,8 +6,10 @@
 namespace larkvox {
 
 /// Eight numbers that are computed together. The compiler makes of it what the processor has; the
-/// result is the same for each of the eight, wherever in the eight it stands.
+/// result is the same for each of the eight, wherever in the eight it stands. Values, for any
+/// thread.
 using Lanes = float __attribute__((vector_size(32)));
+/// What a comparison of `Lanes` gives: all bits of a lane where it holds, none where it does not.
 using LaneMask = std::int32_t __attribute__((vector_size(32)));
 
 inline constexpr std::size_t laneCount = 8;

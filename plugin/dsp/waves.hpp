@@ -5,7 +5,7 @@
 namespace larkvox {
 
 // Waves as values of -1…1 over a phase in turns: what the screens of the window draw, and what
-// moves the formants.
+// moves the formants. Values, for any thread.
 
 /// Some voices of a carrier, tuned apart. `width` is 0…1, `detune` in cents, `voices` at least 1.
 /// What comes from outside is drawn as silence.

@@ -1,6 +1,6 @@
 // The window in a host that has no toolkit of its own.
 
-#include "plugin/editor/bare_host.hpp"
+#include "plugin/testing/bare_host.hpp"
 
 #include <gtest/gtest.h>
 

@@ -14,6 +14,7 @@ namespace larkvox {
 /// to the window and never comes back. The host's window thread.
 class Editor {
   public:
+    /// What the window calls, on its own thread.
     struct Host {
         /// A value of the window's, for the host and the sound.
         std::function<void(std::size_t address, float value)> write;

@@ -6,7 +6,7 @@
 
 namespace larkvox {
 
-// What stands in the description for hosts and in both libraries alike.
+// What stands in the description for hosts and in both libraries alike: constants, for any thread.
 inline constexpr const char* pluginUri = "https://www.fennick.example/plugins/larkvox";
 inline constexpr const char* windowUri = "https://www.fennick.example/plugins/larkvox#window";
 

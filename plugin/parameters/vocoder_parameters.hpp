@@ -9,6 +9,7 @@
 #include <span>
 #include <string_view>
 
+// Constants, for any thread.
 namespace larkvox {
 
 /// The parameters of the vocoder. Their numbers are their addresses; the band gains come last.

@@ -5,7 +5,7 @@
 namespace larkvox {
 
 /// Frequencies in hertz as musicians read them: "0.25 Hz", "640 Hz", "1.20 kHz"; both units can be
-/// typed, or none for hertz.
+/// typed, or none for hertz. Immutable: any thread.
 class FrequencyFormatter final : public fernhorn::LabelFormatter {
   public:
     [[nodiscard]] std::string format(float value) const override;

@@ -5,7 +5,7 @@
 namespace larkvox {
 
 /// Values on both sides of nought, with their sign: "+3", "0", "-12". In whole numbers they are
-/// short enough for the window of a small knob.
+/// short enough for the window of a small knob. Immutable: any thread.
 class GainFormatter final : public fernhorn::LabelFormatter {
   public:
     /// `factor` is what a value is multiplied by before it is shown.

@@ -10,6 +10,7 @@
 
 class QBoxLayout;
 
+// All of this is for the main thread.
 namespace larkvox {
 
 class VocoderSettings;

@@ -17,7 +17,7 @@ class PluginHeaderView;
 namespace larkvox {
 
 /// The window of the example plug-in, as a plug-in builder would make it: the header, and below it
-/// the page that its tabs choose. A page is made when it is first shown.
+/// the page that its tabs choose. A page is made when it is first shown. Main thread.
 class PluginWindow final : public QWidget {
   public:
     static constexpr int windowWidth = 868;  // points

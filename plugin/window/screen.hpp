@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+// All of this is for the main thread.
 namespace larkvox {
 
 /// A glowing line of many strands on a small screen that is sunk into its panel. It is drawn anew

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+// Values and functions without a state, for any thread.
 namespace updates {
 
 /// What an update archive says of itself, in the file "manifest.json" of the version's folder. It

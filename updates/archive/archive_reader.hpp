@@ -11,7 +11,7 @@ struct archive;
 
 namespace updates {
 
-/// One entry of an archive, as it is written there: nothing of it has been checked.
+/// One entry of an archive, as it is written there: nothing of it has been checked. A value.
 struct ArchiveEntry {
     enum class Kind { file, folder, link, other };
     Kind kind = Kind::other; ///< hard links, devices and the like are `other`
@@ -21,7 +21,8 @@ struct ArchiveEntry {
     unsigned mode = 0;       ///< the permission bits with set-id and sticky bits
 };
 
-/// Reads a tar archive in memory, plain or compressed with xz, entry by entry.
+/// Reads a tar archive in memory, plain or compressed with xz, entry by entry. The memory must
+/// outlive it. One thread at a time.
 class ArchiveReader {
   public:
     explicit ArchiveReader(std::span<const std::byte> bytes);

@@ -19,7 +19,7 @@ inline constexpr std::size_t mostArchiveEntries = 20000;
                                    std::uint64_t{4} << 30);
 }
 
-/// What an update archive may hold, entry by entry. It touches no file.
+/// What an update archive may hold, entry by entry. It touches no file. One thread at a time.
 ///
 /// First comes the one top folder. In it may be files (the launcher and what goes with it; an
 /// update leaves them alone), the link "current" to the version, and the folder "versions" with the

@@ -22,6 +22,7 @@ struct UnpackedArchive {
 /// Told the bytes of the archive that are done; false stops the work.
 using ArchiveProgress = std::function<bool(std::uint64_t done)>;
 
+/// What was unpacked, or why nothing may be.
 using UnpackResult = std::variant<UnpackedArchive, Refusal>;
 
 /// Unpacks the version that an update archive holds (its folder "Larkvox/versions/VERSION") into an

@@ -4,7 +4,7 @@
 
 namespace updates {
 
-/// Says how a check or an update ended: up to date, no, or why not.
+/// Says how a check or an update ended: up to date, no, or why not. Main thread.
 class MessageDialog final : public UpdateDialog {
     Q_OBJECT
 

@@ -6,7 +6,8 @@ namespace updates {
 
 class ReleaseNotesView;
 
-/// There is a new version: what it is called, what is new in it, and what to do about it.
+/// There is a new version: what it is called, what is new in it, and what to do about it. Main
+/// thread.
 class OfferDialog final : public UpdateDialog {
     Q_OBJECT
 

@@ -5,6 +5,7 @@
 namespace updates {
 
 /// May the program look for updates by itself? Closing it is no answer: it asks again another time.
+/// Main thread.
 class PermissionDialog final : public UpdateDialog {
     Q_OBJECT
 

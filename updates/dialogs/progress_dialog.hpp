@@ -9,7 +9,7 @@ namespace updates {
 class UpdateProgressBar;
 
 /// Something takes its time: looking for an update, getting it, checking and unpacking it. In the
-/// end it is ready, and the same dialog asks for the last word.
+/// end it is ready, and the same dialog asks for the last word. Main thread.
 class ProgressDialog final : public UpdateDialog {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 
 namespace updates {
 
-/// A thin bar. While the length of the work is not known a light wanders through it.
+/// A thin bar. While the length of the work is not known a light wanders through it. Main thread.
 class UpdateProgressBar final : public QProgressBar {
     Q_OBJECT
 

@@ -8,7 +8,7 @@
 namespace updates {
 
 /// The archive that an item of an appcast offers, as the feed words it: nothing of it is checked
-/// yet.
+/// yet. A value.
 struct AppcastEnclosure {
     std::string url;
     std::uint64_t length = 0; ///< bytes; 0 where the feed names none, or none that makes sense
@@ -20,7 +20,7 @@ struct AppcastEnclosure {
 };
 
 /// One version that an appcast offers. Texts are UTF-8 without white space at their ends, and
-/// empty where the feed says nothing.
+/// empty where the feed says nothing. A value: any thread may have its copy.
 struct AppcastItem {
     std::string title;
     std::string pubDate; ///< as written; see publication_date.hpp

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+// For any thread.
 namespace updates {
 
 /// Reads a date as feeds have it: "Tue, 04 Mar 2025 10:30:00 +0100". The weekday and the seconds

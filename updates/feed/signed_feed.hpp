@@ -46,6 +46,7 @@ struct FeedTrust {
     std::chrono::system_clock::time_point now;
 };
 
+/// A feed whose signature, serial and expiry have been found to be good.
 struct SignedAppcast {
     Appcast appcast;
     std::uint64_t serial = 0; ///< to be kept as `lastSerial`

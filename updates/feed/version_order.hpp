@@ -3,6 +3,7 @@
 #include <compare>
 #include <string_view>
 
+// For any thread.
 namespace updates {
 
 /// The order of versions. The numbers between points are compared one by one, whatever their

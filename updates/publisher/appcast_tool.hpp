@@ -6,6 +6,7 @@
 #include <iosfwd>
 #include <span>
 
+// The publisher's program has one thread.
 namespace updates {
 
 /// Runs one command of the program. Results go to `out`, what went wrong to `errors`; neither ever

@@ -7,8 +7,10 @@
 #include <string>
 #include <variant>
 
+// The publisher's program has one thread.
 namespace updates {
 
+/// Says how the program is used.
 struct HelpCommand {};
 
 /// Makes a pair of keys.

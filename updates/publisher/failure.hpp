@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 
+// The publisher's program has one thread.
 namespace updates {
 
 /// What the program ends with.

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+// The publisher's program has one thread.
 namespace updates {
 
 /// The name of the file that an address ends in, with its %-signs resolved; empty when there is

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+// The publisher's program has one thread.
 namespace updates {
 
 /// A feed without items.

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+// The publisher's program has one thread.
 namespace updates {
 
 /// A copy of a file in memory that does not change while it is looked at and signed. Fails for a

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 
+// The publisher's program has one thread.
 namespace updates {
 
 /// The maker's private key. It lives in one file that only its owner can read, never appears in a

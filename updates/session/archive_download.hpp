@@ -9,6 +9,7 @@
 
 namespace updates {
 
+/// How far a download has come.
 struct DownloadProgress {
     std::uint64_t received = 0; ///< bytes
     std::uint64_t length = 0;   ///< bytes

@@ -29,12 +29,15 @@ struct ReleaseNotes {
     SafeHtml safe; ///< empty where they could not be loaded
     QUrl page;     ///< that they come from
 };
+/// How far the unpacking has come.
 struct UnpackingProgress {
     double share = 0; ///< 0…1
 };
+/// The new version is unpacked and may be installed.
 struct ReadyToInstall {};
 struct IsInstalled {};
 
+/// What the engine says of its work.
 using EngineEvent = std::variant<Installation, CheckOutcome, ReleaseNotes, DownloadProgress,
                                  UnpackingProgress, ReadyToInstall, IsInstalled, UpdateFailure>;
 

@@ -11,6 +11,7 @@
 namespace updates {
 
 /// Whose updates a program takes, and from where. Compiled in: nothing at run time changes it.
+/// A value.
 struct UpdateIdentity {
     QString product;                   ///< the program's name
     QUrl feed;                         ///< the appcast, over https

@@ -5,8 +5,8 @@
 
 namespace updates {
 
-/// What an update may cost at most. A value. The values are those of the product; tests pass
-/// smaller ones.
+/// What an update may cost at most. A value, for any thread. The numbers are those of the product;
+/// tests pass smaller ones.
 struct UpdateLimits {
     std::uint64_t feedBytes = 1U << 20U;
     std::uint64_t headerBytes = 64U << 10U; ///< of one answer, a proxy's included

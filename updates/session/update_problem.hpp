@@ -6,7 +6,7 @@
 
 namespace updates {
 
-/// What a person is told of a problem. A value.
+/// What a person is told of a problem. A value, for any thread.
 struct UpdateFailure {
     UpdateProblem problem;
     QString detail; ///< as the problem says; else empty

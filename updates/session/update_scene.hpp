@@ -20,18 +20,22 @@ namespace updates {
 /// What there is to show of an update: one scene at a time. Values.
 namespace scene {
 
+/// No dialog is shown.
 struct Nothing {};
 
 /// May the program look for updates by itself?
 struct Permission {};
 
+/// The feed is being looked at.
 struct Checking {};
 
+/// There is nothing newer.
 struct UpToDate {
     QString version; ///< the running one
     bool canCheckByItself = false;
 };
 
+/// There is something newer, but not for this installation.
 struct Unsuitable {
     NothingSuitable reason;
 };
@@ -43,6 +47,7 @@ struct ManagedElsewhere {
     QString packageName; ///< where a package manager has one
 };
 
+/// There is a new version; the user decides.
 struct Offer {
     QString version;
     QString installedVersion;
@@ -53,6 +58,7 @@ struct Offer {
     QUrl notesPage = {}; ///< where the rest of the notes is; empty: this is all
 };
 
+/// The archive is on its way.
 struct Downloading {
     QString version;
     DownloadProgress progress;
@@ -64,14 +70,17 @@ struct Unpacking {
     double share = 0; ///< 0…1
 };
 
+/// The version is unpacked and waits for the last word.
 struct Ready {
     QString version;
 };
 
+/// The version is being put in place.
 struct Installing {
     QString version;
 };
 
+/// It ended with a problem.
 struct Failed {
     enum class While { looking, updating };
     UpdateFailure failure;
@@ -80,6 +89,7 @@ struct Failed {
 
 } // namespace scene
 
+/// One of the scenes. A value.
 using UpdateScene =
     std::variant<scene::Nothing, scene::Permission, scene::Checking, scene::UpToDate,
                  scene::Unsuitable, scene::ManagedElsewhere, scene::Offer, scene::Downloading,

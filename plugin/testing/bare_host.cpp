@@ -1,4 +1,4 @@
-#include "plugin/editor/bare_host.hpp"
+#include "plugin/testing/bare_host.hpp"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
