@@ -85,6 +85,18 @@ void drawSign(Canvas& canvas, bool isMore) {
     parts::glyph(canvas, path, color("Grey 60%"), 1.5);
 }
 
+/// Beside a number that is dragged upwards and downwards.
+void drawDragSign(Canvas& canvas) {
+    QPainterPath path;
+    path.moveTo(2.5, 6.5);
+    path.lineTo(6, 3);
+    path.lineTo(9.5, 6.5);
+    path.moveTo(2.5, 11.5);
+    path.lineTo(6, 15);
+    path.lineTo(9.5, 11.5);
+    parts::glyph(canvas, path, color("Grey 60%"), 1.5);
+}
+
 } // namespace
 
 void addSliders(std::vector<Drawing>& drawings) {
@@ -109,6 +121,7 @@ void addSliders(std::vector<Drawing>& drawings) {
                                     [](Canvas& canvas) { drawSign(canvas, false); }));
     drawings.push_back(parts::fixed("dwk-customslider-more", {12, 12},
                                     [](Canvas& canvas) { drawSign(canvas, true); }));
+    drawings.push_back(parts::fixed("dwk-customslider-drag", {12, 18}, drawDragSign));
 }
 
 } // namespace artwork

@@ -31,6 +31,7 @@ void FirstResponderAwareTextField::setFormatter(std::shared_ptr<const Formatter>
     FieldValue value = objectValue();
     formatted_ = std::make_unique<Formatted>(Formatted{std::move(formatter), std::move(value), {}});
     showObjectValue();
+    objectValueDidChange();
 }
 
 const Formatter* FirstResponderAwareTextField::formatter() const {
@@ -51,6 +52,16 @@ void FirstResponderAwareTextField::setObjectValue(FieldValue value) {
     if (!isFirstResponder() || !isTextModified()) {
         showObjectValue();
         judge({});
+    }
+    objectValueDidChange();
+}
+
+void FirstResponderAwareTextField::replaceObjectValue(FieldValue value) {
+    if (formatted_ != nullptr) {
+        formatted_->value = std::move(value);
+        showObjectValue();
+        judge({});
+        objectValueDidChange();
     }
 }
 
@@ -104,6 +115,7 @@ void FirstResponderAwareTextField::textDidEndEditing() {
                 formatted_->formatter->objectValueForString(stringValue().toStdString());
             if (read.isSuccess()) {
                 formatted_->value = *read.objectValue;
+                objectValueDidChange();
             }
             judge(read.errorDescription);
         }

@@ -48,6 +48,10 @@ class FirstResponderAwareTextField : public platform::TextField {
     virtual void handleResponderStatusChanged(bool /*newStatus*/) {}
     /// A hook, after the formatter has looked at a text: `formatterError`.
     virtual void formatterDidJudge() {}
+    /// A hook, after `objectValue` was set or typed while there is a formatter.
+    virtual void objectValueDidChange() {}
+    /// As `setObjectValue`, and shown over what is just being typed. Only with a formatter.
+    void replaceObjectValue(FieldValue value);
 
     void firstResponderMayHaveChanged() override;
     void textDidChange() override;

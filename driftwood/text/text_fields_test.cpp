@@ -1,4 +1,5 @@
 #include "driftwood/bridges/bundle_asset_source.hpp"
+#include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "driftwood/style/styles.hpp"
 #include "driftwood/text/declarative_text_fields.hpp"
 #include "driftwood/text/validating_properties_field.hpp"
@@ -398,8 +399,9 @@ TEST(PopoverGeometry, FindsAnEdgeWithRoomAndStaysOnTheScreen) {
 }
 
 TEST_F(TextFields, LayOutPropertiesInBothDirections) {
-    auto* const icon = new QWidget;
-    ValidatingPropertiesField& field = add(new ValidatingPropertiesField(icon));
+    ValidatingPropertiesField& field = add(new ValidatingPropertiesField(
+        *resourceBundle().assets().image(QStringLiteral("dwk-customslider-drag"))));
+    const QWidget* const icon = field.icon();
     EXPECT_EQ(icon->geometry(), QRect(3, 0, 14, 24));
     EXPECT_EQ(field.textField().geometry(), QRect(25, 0, 92, 24));
     field.setLayoutDirection(Qt::RightToLeft);
@@ -421,6 +423,49 @@ TEST_F(TextFields, LayOutPropertiesInBothDirections) {
     EXPECT_FALSE(field.isValid());
     EXPECT_TRUE(field.popoverController().isShown());
     EXPECT_EQ(field.textField().objectValue(), FieldValue("gain*2"));
+}
+
+TEST_F(TextFields, DragANumberByItsIcon) {
+    ValidatingPropertiesField& field = focused(new ValidatingPropertiesField(
+        *resourceBundle().assets().image(QStringLiteral("dwk-customslider-drag"))));
+    FirstResponderAwareTextField& text = field.textField();
+    TrackingSlider& icon = *field.icon();
+    EXPECT_FALSE(icon.isEnabled()) << "no number yet";
+    text.setObjectValue(FieldValue(-3.0)); // the range comes late
+    icon.setRange(-60, 6);
+    icon.setIncrementBy(0.5);
+    std::vector<FieldValue> sent;
+    text.setAction(
+        [&](platform::ActionTarget&, platform::Control&) { sent.push_back(text.objectValue()); },
+        text);
+    QTest::keyClicks(&text, QStringLiteral("1e999"));
+    quint64 now = 1000;
+    const auto send = [&](QEvent::Type type, double y) {
+        const bool isMove = type == QEvent::MouseMove;
+        const QPointF at(7, y);
+        QMouseEvent event(type, at, icon.mapToGlobal(at), isMove ? Qt::NoButton : Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+        event.setTimestamp(now += 10);
+        QCoreApplication::sendEvent(&icon, &event);
+    };
+    send(QEvent::MouseButtonPress, 12);
+    for (const double y : {4, -4, -12}) { // the first one begins it
+        send(QEvent::MouseMove, y);
+        EXPECT_TRUE(text.isFirstResponder());
+    }
+    send(QEvent::MouseButtonRelease, -12);
+    EXPECT_EQ(sent, (std::vector<FieldValue>{-2.5, -2.0, -2.0}));
+    EXPECT_EQ(text.stringValue(), QStringLiteral("-2")) << "instead of what was typed";
+    text.selectText();
+    QTest::keyClicks(&text, QStringLiteral("9"));
+    QTest::keyClick(&text, Qt::Key_Return);
+    send(QEvent::MouseButtonPress, 12);
+    send(QEvent::MouseMove, 20);
+    send(QEvent::MouseMove, 28);
+    EXPECT_EQ(text.objectValue(), FieldValue(5.5)) << "from the upper end, where it is kept";
+    send(QEvent::MouseButtonRelease, 28);
+    text.setObjectValue(FieldValue("gain * 2"));
+    EXPECT_FALSE(icon.isEnabled());
 }
 
 TEST_F(TextFields, SearchWithEveryChangeAndClear) {

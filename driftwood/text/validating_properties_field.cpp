@@ -17,6 +17,14 @@ constexpr int iconWidth = 14;
 constexpr int iconHeight = 24;
 constexpr int behindIcon = 8;
 
+std::optional<double> numberIn(const FieldValue& value) {
+    if (const auto* const text = std::get_if<std::string>(&value)) {
+        return parseNumber(*text);
+    }
+    const auto* const number = std::get_if<double>(&value);
+    return number != nullptr ? std::optional(*number) : std::nullopt;
+}
+
 } // namespace
 
 /// Plain, in the colour that it is told.
@@ -70,6 +78,12 @@ class ValidatingPropertiesField::Inner final : public FirstResponderAwareTextFie
         }
     }
 
+    /// From the icon: whoever has typed something has let go of it.
+    void moveTo(double number) {
+        replaceObjectValue(number);
+        sendAction(); // may destroy the field
+    }
+
     [[nodiscard]] QString spokenName() const override {
         const QString name = field_.accessibleName();
         return name.isEmpty() ? FirstResponderAwareTextField::spokenName() : name;
@@ -88,26 +102,48 @@ class ValidatingPropertiesField::Inner final : public FirstResponderAwareTextFie
         field_.updateMessagePopover();
     }
     void formatterDidJudge() override { field_.judge(formatterError()); }
+    void objectValueDidChange() override { field_.followValue(); }
 
   private:
     ValidatingPropertiesField& field_;
 };
 
-ValidatingPropertiesField::ValidatingPropertiesField(QWidget* icon, QWidget* parent)
+/// The keys have the field beside it.
+class ValidatingPropertiesField::Icon final : public TrackingSlider {
+  public:
+    Icon(const platform::ImageAsset& image, ValidatingPropertiesField& field)
+        : TrackingSlider(&image, &field), field_(field) {
+        setContinuous(true);
+        setFocusPolicy(Qt::NoFocus);
+    }
+    [[nodiscard]] QString spokenName() const override { return field_.textField_->spokenName(); }
+
+  private:
+    ValidatingPropertiesField& field_;
+};
+
+ValidatingPropertiesField::ValidatingPropertiesField(QWidget* parent)
     : QWidget(parent),
       textField_(new Inner(*this)),
-      icon_(icon),
       responder_(textField_->firstResponderPublisher().subscribe([this](const auto&) {
           refresh();
           updateMessagePopover();
       })),
       follower_(*this, StyledTextFieldCell::style()) {
-    if (icon_ != nullptr) {
-        icon_->setParent(this);
-    }
     setFocusProxy(textField_);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     refresh();
+}
+
+ValidatingPropertiesField::ValidatingPropertiesField(const platform::ImageAsset& image,
+                                                     QWidget* parent)
+    : ValidatingPropertiesField(parent) {
+    icon_ = new Icon(image, *this);
+    // A drag begins at the number of now, whatever the range was when the field got it.
+    iconClicks_ = icon_->clicked().subscribe([this](const Click&) { followValue(); });
+    iconValues_ = icon_->doubleValuePublisher().subscribe(
+        [field = textField_](double value) { field->moveTo(value); });
+    textField_->setFormatter(std::make_shared<ExpressionFormatter>());
 }
 
 ValidatingPropertiesField::~ValidatingPropertiesField() {
@@ -154,6 +190,17 @@ void ValidatingPropertiesField::judge(const std::string& error) {
     }
     if (textField_->isFirstResponder()) {
         updateMessagePopover();
+    }
+}
+
+void ValidatingPropertiesField::followValue() {
+    if (icon_ == nullptr) {
+        return;
+    }
+    const std::optional<double> number = numberIn(textField_->objectValue());
+    icon_->setEnabled(number.has_value());
+    if (number) {
+        icon_->setDoubleValue(*number);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "driftwood/controls/tracking_slider.hpp"
 #include "driftwood/text/validating_text_field.hpp"
 
 // All of this is for the main thread.
@@ -8,10 +9,18 @@ namespace driftwood {
 /// A value in a list of properties: a small text field on a ground of its own, with an icon before
 /// it that changes the value where it is dragged, or without. Its message shows as that of a
 /// `ValidatingTextField` does.
+///
+/// The icon moves the field's number and sends the field's action with every step and once more at
+/// the end of a drag, also over a text that is just being typed. It is dim where the field holds no
+/// number: an expression is its owner's. Give it its range and increment before the first value:
+/// it keeps what it moves within them, 0 to 1 at first. Its callbacks are the owner's.
 class ValidatingPropertiesField final : public QWidget, public Selectable, public ValidatingField {
   public:
-    /// The icon becomes a child; null for none.
-    explicit ValidatingPropertiesField(QWidget* icon = nullptr, QWidget* parent = nullptr);
+    /// Without an icon.
+    explicit ValidatingPropertiesField(QWidget* parent = nullptr);
+    /// With one of this image, which outlives the field, and with a formatter of expressions.
+    explicit ValidatingPropertiesField(const platform::ImageAsset& image,
+                                       QWidget* parent = nullptr);
     ~ValidatingPropertiesField() override;
 
     [[nodiscard]] bool isValid() const override { return isValid_; }
@@ -25,7 +34,7 @@ class ValidatingPropertiesField final : public QWidget, public Selectable, publi
     void setOverride(std::optional<QString> text) { overriding_ = std::move(text); }
 
     [[nodiscard]] FirstResponderAwareTextField& textField();
-    [[nodiscard]] QWidget* icon() const { return icon_; }
+    [[nodiscard]] TrackingSlider* icon() const { return icon_; } ///< null without one
     [[nodiscard]] SimpleTextViewPopoverController& popoverController() {
         return popoverController_;
     }
@@ -41,13 +50,17 @@ class ValidatingPropertiesField final : public QWidget, public Selectable, publi
 
   private:
     class Inner;
+    class Icon;
 
     [[nodiscard]] StyledControlState state() const;
     void refresh();
     void judge(const std::string& error);
+    void followValue();
 
-    Inner* textField_; // a child
-    QWidget* icon_;
+    Inner* textField_;               // a child
+    TrackingSlider* icon_ = nullptr; // a child
+    core::Subscription iconClicks_;
+    core::Subscription iconValues_;
     std::optional<QString> message_;
     std::optional<QString> overriding_;
     SimpleTextViewPopoverController popoverController_;

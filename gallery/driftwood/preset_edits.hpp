@@ -5,12 +5,16 @@
 #include <set>
 #include <span>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace gallery {
 
 /// A sound with its properties, as a synthesiser keeps it.
 struct Preset {
+    std::string constant = "preset"; ///< what expressions call it, without the "$"
+    /// Cents, or an expression of constants, which is worked out as the sound plays.
+    std::variant<std::monostate, double, std::string> tune = 0.0;
     double level = 80;  ///< per cent
     double cutoff = 60; ///< per cent of the way from 20 Hz to 20 kHz
     double attack = 5;  ///< milliseconds

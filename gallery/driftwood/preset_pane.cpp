@@ -19,6 +19,7 @@ constexpr double paneWidth = 520;
 constexpr double labelWidth = 96;
 constexpr int readOutWidth = 64;
 constexpr int mixedWave = -1;
+constexpr double mostCents = 1200;
 
 constexpr std::array waveTitles{"Sine", "Triangle", "Saw", "Square"};
 constexpr std::array voiceTitles{"Mono", "Poly", "Unison"};
@@ -89,14 +90,17 @@ PresetPane::PresetPane(std::shared_ptr<PresetEdits> edits, QWidget* parent)
             tell();
         },
         *this);
+    makeFields();
     favourite_ = makeBox(QStringLiteral("Favourite"));
     followsKey_ = makeBox(QStringLiteral("Filter follows the keyboard"));
 
     auto* const settings = new DriftSettings(
         paneWidth,
-        {new DriftSettingsSection(QStringLiteral("Level"), {level}),
+        {new DriftSettingsSection(QStringLiteral("Constant"), {constant_}),
+         new DriftSettingsDivider, new DriftSettingsSection(QStringLiteral("Level"), {level}),
          new DriftSettingsSection(QStringLiteral("Cutoff"), {cutoff}),
-         new DriftSettingsSection(QStringLiteral("Attack"), {attack}), new DriftSettingsDivider,
+         new DriftSettingsSection(QStringLiteral("Attack"), {attack}),
+         new DriftSettingsSection(QStringLiteral("Tune"), {tune_}), new DriftSettingsDivider,
          new DriftSettingsSection(QStringLiteral("Waveform"), {waveButton_}),
          new DriftSettingsSection(QStringLiteral("Voices"),
                                   {leading(new DriftSegmentedControl(voices_))}),
@@ -113,6 +117,73 @@ PresetPane::PresetPane(std::shared_ptr<PresetEdits> edits, QWidget* parent)
 
 PresetPane::~PresetPane() {
     retire();
+}
+
+void PresetPane::makeFields() {
+    constant_ = new ValidatingTextField; // its message appears while one types
+    constant_->setFormatter(std::make_shared<ConstantNameFormatter>());
+    constant_->setAction(&PresetPane::applyConstant, *this);
+
+    tune_ = new ValidatingPropertiesField(*sign("dwk-customslider-drag"));
+    auto cents = std::make_shared<ExpressionFormatter>();
+    cents->setPositiveSuffix(" ct");
+    tune_->textField().setFormatter(std::move(cents));
+    tune_->textField().setAction(&PresetPane::applyTune, *this);
+    TrackingSlider& icon = *tune_->icon();
+    icon.setRange(-mostCents, mostCents);
+    icon.setIncrementBy(1);
+    icon.setUnit(QStringLiteral("ct"));
+    // A drag is one step, however many values it goes through.
+    icon.onSlideStarted = [this](double) {
+        isDraggingTune_ = true;
+        edits_->beginStep();
+    };
+    icon.onSlideComplete = [this](double) { isDraggingTune_ = false; };
+    // One that is taken away is a click.
+    tuneClicks_ = icon.clicked().subscribe([this](const Click&) { isDraggingTune_ = false; });
+}
+
+/// What is refused stays in its field, with its reason.
+void PresetPane::applyConstant(platform::Control& /*sender*/) {
+    const FieldValue value = constant_->objectValue();
+    const auto* const name = std::get_if<std::string>(&value);
+    if (!constant_->isValid()) {
+        return;
+    }
+    if (name != nullptr && !name->empty() && edits_->common(&Preset::constant) != *name) {
+        edits_->change(&Preset::constant, *name);
+        tell();
+    }
+    refreshFields();
+}
+
+void PresetPane::applyTune(platform::Control& /*sender*/) {
+    const FieldValue value = tune_->textField().objectValue();
+    const auto* const expression = std::get_if<std::string>(&value);
+    const bool isEmpty = value == FieldValue() || (expression != nullptr && expression->empty());
+    if (!tune_->isValid()) {
+        return;
+    }
+    if (!isEmpty && edits_->common(&Preset::tune) != value) {
+        if (isDraggingTune_) {
+            edits_->set(&Preset::tune, value);
+        } else {
+            edits_->change(&Preset::tune, value);
+        }
+        tell();
+    }
+    if (!isDraggingTune_) {
+        refreshFields();
+    }
+}
+
+void PresetPane::refreshFields() {
+    const auto show = [](FirstResponderAwareTextField& field, std::optional<FieldValue> common) {
+        field.setPlaceholderString(common ? QString() : QStringLiteral("Mixed"));
+        field.setObjectValue(common.value_or(FieldValue()));
+    };
+    show(*constant_, edits_->common(&Preset::constant));
+    show(tune_->textField(), edits_->common(&Preset::tune));
 }
 
 StyledCheckBox* PresetPane::makeBox(const QString& title) {
@@ -209,6 +280,7 @@ void PresetPane::refresh() {
     for (std::size_t i = 0; i < numbers_.size(); ++i) {
         giveModel(numbers_[i], ranges_[i].first, ranges_[i].second);
     }
+    refreshFields();
     refreshWave();
     voices_->selectedItem.set(nullptr);
     if (const auto voices = edits_->common(&Preset::voices)) {

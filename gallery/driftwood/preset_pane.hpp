@@ -6,6 +6,7 @@
 #include "driftwood/declarative/drift_settings.hpp"
 #include "driftwood/declarative/drift_slider.hpp"
 #include "driftwood/declarative/styled_pop_up_button_wrapper.hpp"
+#include "driftwood/text/validating_properties_field.hpp"
 #include "gallery/driftwood/preset_edits.hpp"
 
 #include <functional>
@@ -33,6 +34,8 @@ class PresetPane : public QWidget, public platform::ActionTarget {
         QLabel* readOut;
     };
     [[nodiscard]] const std::vector<NumberRow>& numbers() const { return numbers_; }
+    [[nodiscard]] driftwood::ValidatingTextField& constant() const { return *constant_; }
+    [[nodiscard]] driftwood::ValidatingPropertiesField& tune() const { return *tune_; }
 
   private:
     QWidget* makeNumber(const QString& name, const QString& unit, double Preset::*property,
@@ -42,6 +45,10 @@ class PresetPane : public QWidget, public platform::ActionTarget {
     void tell();
     void boxClicked(platform::Control& sender);
     driftwood::StyledCheckBox* makeBox(const QString& title);
+    void makeFields();
+    void refreshFields();
+    void applyConstant(platform::Control& sender);
+    void applyTune(platform::Control& sender);
     void refreshWave();
 
     std::shared_ptr<PresetEdits> edits_;
@@ -51,10 +58,14 @@ class PresetPane : public QWidget, public platform::ActionTarget {
     std::shared_ptr<core::Observable<int>> wave_;
     driftwood::StyledPopUpButtonWrapper<int>* waveButton_ = nullptr;
     std::shared_ptr<driftwood::DriftSegmentedControlModel> voices_;
+    driftwood::ValidatingTextField* constant_ = nullptr;
+    driftwood::ValidatingPropertiesField* tune_ = nullptr;
     driftwood::StyledComboBox* category_ = nullptr;
     driftwood::StyledCheckBox* favourite_ = nullptr;
     driftwood::StyledCheckBox* followsKey_ = nullptr;
     bool isRefreshing_ = false;
+    core::Subscription tuneClicks_;
+    bool isDraggingTune_ = false;
 };
 
 } // namespace gallery

@@ -23,6 +23,8 @@ std::vector<Preset> makeBank() {
     for (std::size_t i = 0; i < bank.size(); ++i) {
         Preset& preset = bank[i];
         const auto part = static_cast<double>(i * 37 % 90);
+        preset.constant = names[i % names.size()];
+        preset.tune = i < 3 ? driftwood::FieldValue(-12.0) : driftwood::FieldValue("$drift * 2");
         preset.cutoff = i == 0 ? 60 : 5 + part;
         preset.attack = i < 3 ? 20 + 120 * static_cast<double>(i) : part;
         preset.wave = static_cast<int>(i % 4);

@@ -43,7 +43,7 @@ QWidget* makeStateBoard(const std::vector<Specimen>& specimens, int columns) {
 
 } // namespace
 
-void addStateBoards(QWidget& view, const std::vector<Specimen>& specimens, int columns) {
+void addInBothDirections(QWidget& view, const std::function<QWidget*()>& makeBoard) {
     struct Board {
         const char* heading;
         Qt::LayoutDirection direction;
@@ -52,11 +52,15 @@ void addStateBoards(QWidget& view, const std::vector<Specimen>& specimens, int c
                                 Board{"Every state, right to left", Qt::RightToLeft}};
     for (const Board& shown : boards) {
         auto* const card = new Card(QString::fromLatin1(shown.heading));
-        QWidget* const board = makeStateBoard(specimens, columns);
+        QWidget* const board = makeBoard();
         board->setLayoutDirection(shown.direction);
         card->column().addWidget(board);
         view.layout()->addWidget(card);
     }
+}
+
+void addStateBoards(QWidget& view, const std::vector<Specimen>& specimens, int columns) {
+    addInBothDirections(view, [&] { return makeStateBoard(specimens, columns); });
 }
 
 void addLiveCard(QWidget& view, const std::vector<LiveRow>& rows) {

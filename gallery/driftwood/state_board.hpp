@@ -19,6 +19,9 @@ struct Specimen {
 /// show: mouse and keyboard pass them by.
 void addStateBoards(QWidget& view, const std::vector<Specimen>& specimens, int columns);
 
+/// The same with boards of any kind; each call makes a new one.
+void addInBothDirections(QWidget& view, const std::function<QWidget*()>& makeBoard);
+
 /// A card with live controls below each other, a hint beside each.
 struct LiveRow {
     QWidget* control;

@@ -1,5 +1,6 @@
 #include "gallery/driftwood/text_board.hpp"
 
+#include "gallery/driftwood/state_board.hpp"
 #include "gallery/parts.hpp"
 #include "platform/controls/padded_item.hpp"
 
@@ -50,15 +51,7 @@ QWidget* makeTextBoard(const std::vector<TextLook>& looks, const std::vector<Tex
 
 void addTextBoards(QWidget& view, const std::vector<TextLook>& looks,
                    const std::vector<TextRow>& rows, const MakeTextSpecimen& make) {
-    for (const auto& [heading, direction] :
-         {std::pair("Every state, left to right", Qt::LeftToRight),
-          std::pair("Every state, right to left", Qt::RightToLeft)}) {
-        auto* const card = new Card(QString::fromLatin1(heading));
-        QWidget* const board = makeTextBoard(looks, rows, make);
-        board->setLayoutDirection(direction);
-        card->column().addWidget(board);
-        view.layout()->addWidget(card);
-    }
+    addInBothDirections(view, [&] { return makeTextBoard(looks, rows, make); });
 }
 
 void pictureText(platform::TextField& field, const TextLook& look, const TextRow& row) {

@@ -1,6 +1,7 @@
 #include "gallery/driftwood/driftwood_pages.hpp"
 #include "gallery/driftwood/text_board.hpp"
 
+#include "driftwood/bridges/resource_bundle_accessor.hpp"
 #include "driftwood/text/validating_properties_field.hpp"
 #include "gallery/parts.hpp"
 
@@ -9,6 +10,10 @@ namespace {
 
 using driftwood::ValidatingPropertiesField;
 using driftwood::ValidatingTextField;
+
+const platform::ImageAsset* dragSign() {
+    return driftwood::resourceBundle().assets().image(QStringLiteral("dwk-customslider-drag"));
+}
 
 /// The popover as it stands below a field.
 QWidget* popoverPicture() {
@@ -56,7 +61,9 @@ QWidget* validatingSpecimen(const TextLook& look, const TextRow& row) {
 }
 
 QWidget* propertiesSpecimen(const TextLook& look, const TextRow& row) {
-    auto* const field = new ValidatingPropertiesField;
+    auto* const field = new ValidatingPropertiesField(*dragSign());
+    field->textField().setFormatter(nullptr); // what is shown is a text
+    field->icon()->setEnabled(look.isEnabled && std::string_view(row.name) == "Value");
     pictureText(field->textField(), look, row);
     field->setAttribute(Qt::WA_TransparentForMouseEvents);
     field->setEnabled(look.isEnabled);
@@ -67,8 +74,10 @@ QWidget* propertiesSpecimen(const TextLook& look, const TextRow& row) {
 
 ValidatingPropertiesField* property(const char* name, driftwood::FieldValue value,
                                     const char* unit) {
-    auto* const field = new ValidatingPropertiesField;
+    auto* const field = new ValidatingPropertiesField(*dragSign());
     field->setAccessibleName(QString::fromUtf8(name));
+    field->icon()->setRange(-60, 60);
+    field->icon()->setIncrementBy(0.25);
     auto formatter = std::make_shared<driftwood::ExpressionFormatter>();
     formatter->setPositiveSuffix(unit);
     field->textField().setFormatter(std::move(formatter));
