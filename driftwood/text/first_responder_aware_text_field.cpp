@@ -26,11 +26,13 @@ core::Stream<FirstResponderStatus>& FirstResponderAwareTextField::firstResponder
 void FirstResponderAwareTextField::setFormatter(std::shared_ptr<const Formatter> formatter) {
     if (formatter == nullptr) {
         formatted_.reset();
+        formatterDidJudge();
         return;
     }
     FieldValue value = objectValue();
     formatted_ = std::make_unique<Formatted>(Formatted{std::move(formatter), std::move(value), {}});
     showObjectValue();
+    judge({});
     objectValueDidChange();
 }
 
@@ -70,11 +72,28 @@ const std::string& FirstResponderAwareTextField::formatterError() const {
     return formatted_ != nullptr ? formatted_->error : none;
 }
 
-void FirstResponderAwareTextField::showObjectValue() {
+QString FirstResponderAwareTextField::shownText() const {
     const Formatter& formatter = *formatted_->formatter;
     const auto text = isFirstResponder() ? formatter.editingStringForObjectValue(formatted_->value)
                                          : formatter.stringForObjectValue(formatted_->value);
-    setStringValue(QString::fromStdString(text.value_or(std::string())));
+    return QString::fromStdString(text.value_or(std::string()));
+}
+
+void FirstResponderAwareTextField::showObjectValue() {
+    setStringValue(shownText());
+}
+
+void FirstResponderAwareTextField::textWasReplaced() {
+    TextField::textWasReplaced();
+    if (formatted_ == nullptr || stringValue() == shownText()) {
+        return;
+    }
+    FormatterResult read = formatted_->formatter->objectValueForString(stringValue().toStdString());
+    if (read.isSuccess()) {
+        formatted_->value = *std::move(read.objectValue);
+        objectValueDidChange();
+    }
+    judge(std::move(read.errorDescription));
 }
 
 void FirstResponderAwareTextField::judge(std::string error) {

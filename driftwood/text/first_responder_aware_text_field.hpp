@@ -54,6 +54,8 @@ class FirstResponderAwareTextField : public platform::TextField {
     void replaceObjectValue(FieldValue value);
 
     void firstResponderMayHaveChanged() override;
+    /// A text that a program sets is read as one that is typed.
+    void textWasReplaced() override;
     void textDidChange() override;
     void textDidEndEditing() override;
 
@@ -64,6 +66,7 @@ class FirstResponderAwareTextField : public platform::TextField {
         std::string error;
     };
 
+    [[nodiscard]] QString shownText() const;
     void showObjectValue();
     void judge(std::string error);
 

@@ -251,8 +251,13 @@ SimpleTextViewPopover& SimpleTextViewPopoverController::popover() {
 
 void SimpleTextViewPopoverController::showMessage(const std::optional<QString>& message,
                                                   QWidget& relativeTo, RectEdge edge) {
+    const bool wasVisible = popover().isVisible();
     popover().contentTextField().setStringValue(message.value_or(QString()));
     popover().showRelativeToRect(relativeTo.rect(), relativeTo, edge);
+    if (wasVisible) { // opening it is told by itself
+        QAccessibleEvent alert(&popover(), QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
 }
 
 void SimpleTextViewPopoverController::closePopover(QObject* /*sender*/) {

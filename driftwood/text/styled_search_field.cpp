@@ -132,6 +132,7 @@ void StyledSearchField::textDidChange() {
 }
 
 void StyledSearchField::textWasReplaced() {
+    TextFieldWithCell::textWasReplaced();
     layOutButton();
 }
 

@@ -32,6 +32,9 @@ class StyledSearchFieldCell
     [[nodiscard]] core::Rect textRect(const core::Rect& bounds) const override;
 
   protected:
+    [[nodiscard]] QColor placeholderColor(const platform::CellCanvas& canvas) const override {
+        return textColor(canvas);
+    }
     void drawContent(const core::Rect& frame, const platform::CellCanvas& canvas) const override;
 
   private:
@@ -41,8 +44,8 @@ class StyledSearchFieldCell
     bool isRightToLeft_ = false;
 };
 
-/// A field for searching. It sends its action with every change of its text; a button, or Escape,
-/// clears it.
+/// A field for searching. It sends its action with every change of its text, which must not destroy
+/// the field then; a button, or Escape, clears it.
 class StyledSearchField : public TextFieldWithCell<StyledSearchFieldCell, StyledTextField> {
   public:
     explicit StyledSearchField(QWidget* parent = nullptr);

@@ -316,7 +316,21 @@ TEST_F(TextFields, ShowMessagesWhileFocusedAndNeverJudgeAComposition) {
     owner.onChange = [&](platform::TextField& changed) {
         field.setMessage(QStringLiteral("Now: %1").arg(changed.stringValue()));
     };
+    const QString owners = QStringLiteral("The owner's");
+    field.setMessage(owners);
+    field.setStringValue(QStringLiteral("a b"));
+    EXPECT_FALSE(field.isValid()) << "a text that a program sets is read, too";
+    EXPECT_NE(field.message(), owners);
+    field.setStringValue(QStringLiteral("ab"));
+    EXPECT_EQ(field.objectValue(), FieldValue("ab"));
+    EXPECT_TRUE(field.isValid());
+    EXPECT_EQ(field.message(), owners);
+    field.setStringValue(QStringLiteral("a b"));
     field.setFormatter(nullptr);
+    EXPECT_TRUE(field.isValid()) << "nobody refuses it any more";
+    EXPECT_EQ(field.message(), owners);
+    field.setMessage(std::nullopt);
+    field.setStringValue({});
     field.setDelegate(&owner);
     field.setFocus(Qt::TabFocusReason);
     EXPECT_FALSE(field.popoverController().isShown());

@@ -169,7 +169,7 @@ void ValidatingPropertiesField::setSelected(bool isSelected) {
 }
 
 void ValidatingPropertiesField::setMessage(std::optional<QString> message) {
-    isFormattersMessage_ = false;
+    keepOwnersMessage();
     if (message != message_) {
         message_ = std::move(message);
         if (QAccessible::isActive()) {
@@ -180,14 +180,7 @@ void ValidatingPropertiesField::setMessage(std::optional<QString> message) {
 }
 
 void ValidatingPropertiesField::judge(const std::string& error) {
-    if (!error.empty()) {
-        setValid(false);
-        setMessage(QString::fromStdString(error));
-        isFormattersMessage_ = true;
-    } else if (isFormattersMessage_) {
-        setValid(true);
-        setMessage(std::nullopt);
-    }
+    followFormatter(error);
     if (textField_->isFirstResponder()) {
         updateMessagePopover();
     }

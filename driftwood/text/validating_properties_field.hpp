@@ -68,7 +68,6 @@ class ValidatingPropertiesField final : public QWidget, public Selectable, publi
     StyleFollower follower_;
     bool isValid_ = true;
     bool isSelected_ = false;
-    bool isFormattersMessage_ = false;
 };
 
 } // namespace driftwood

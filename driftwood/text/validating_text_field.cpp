@@ -1,6 +1,24 @@
 #include "driftwood/text/validating_text_field.hpp"
 
+#include <utility>
+
 namespace driftwood {
+
+void ValidatingField::followFormatter(const std::string& error) {
+    if (!error.empty()) {
+        if (!isFormattersMessage_) {
+            ownersMessage_ = message();
+        }
+        setValid(false);
+        setMessage(QString::fromStdString(error));
+        isRefused_ = isFormattersMessage_ = true;
+    } else if (std::exchange(isRefused_, false)) {
+        setValid(true);
+        if (isFormattersMessage_) {
+            setMessage(std::exchange(ownersMessage_, {}));
+        }
+    }
+}
 
 ValidatingTextField::ValidatingTextField(QWidget* parent) : TextFieldWithCell(parent) {}
 
@@ -13,7 +31,7 @@ void ValidatingTextField::setValid(bool isValid) {
 }
 
 void ValidatingTextField::setMessage(std::optional<QString> message) {
-    isFormattersMessage_ = false;
+    keepOwnersMessage();
     if (message != message_) {
         message_ = std::move(message);
         if (QAccessible::isActive()) {
@@ -42,14 +60,7 @@ void ValidatingTextField::handleResponderStatusChanged(bool newStatus) {
 }
 
 void ValidatingTextField::formatterDidJudge() {
-    if (!formatterError().empty()) {
-        setValid(false);
-        setMessage(QString::fromStdString(formatterError()));
-        isFormattersMessage_ = true;
-    } else if (isFormattersMessage_) {
-        setValid(true);
-        setMessage(std::nullopt);
-    }
+    followFormatter(formatterError());
     if (isFirstResponder()) {
         updateMessagePopover();
     }

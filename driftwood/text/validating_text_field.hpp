@@ -12,6 +12,18 @@ class ValidatingField : public Validating {
     virtual void setValid(bool isValid) = 0;
     [[nodiscard]] virtual const std::optional<QString>& message() const = 0;
     virtual void setMessage(std::optional<QString> message) = 0;
+
+  protected:
+    /// The formatter's reason to refuse a text stands over the message of the field's owner, which
+    /// comes back when there is none any more.
+    void followFormatter(const std::string& error);
+    /// The owner has set the message.
+    void keepOwnersMessage() { isFormattersMessage_ = false; }
+
+  private:
+    std::optional<QString> ownersMessage_; // while the formatter's is shown
+    bool isRefused_ = false;               // by the formatter
+    bool isFormattersMessage_ = false;
 };
 
 class ValidatingTextFieldCell
@@ -59,7 +71,6 @@ class ValidatingTextField : public TextFieldWithCell<ValidatingTextFieldCell, St
 
   private:
     std::optional<QString> message_;
-    bool isFormattersMessage_ = false;
     SimpleTextViewPopoverController popoverController_;
 };
 

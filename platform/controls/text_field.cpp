@@ -386,9 +386,11 @@ void TextField::followFirstResponder() {
     const bool isLeft = wasFirstResponder_ && !is;
     wasFirstResponder_ = is;
     const QPointer<TextField> self(this);
-    firstResponderMayHaveChanged();
-    if (isLeft && self != nullptr) {
+    if (isLeft) {
         endEditing(); // may destroy the field
+    }
+    if (self != nullptr) { // who hears of it finds what was typed
+        firstResponderMayHaveChanged();
     }
 }
 

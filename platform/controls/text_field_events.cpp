@@ -8,6 +8,7 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace platform {
@@ -42,7 +43,7 @@ bool TextField::showExpansionToolTip(QPoint at) {
         textCell().textSize().width <= textCell().textRect(bounds()).size.width) {
         return false;
     }
-    QToolTip::showText(at, stringValue().toHtmlEscaped(), this);
+    QToolTip::showText(at, Qt::convertFromPlainText(stringValue()), this);
     return true;
 }
 

@@ -15,7 +15,11 @@ TextField& TextFieldAccessible::field() const {
 QString TextFieldAccessible::text(QAccessible::Text kind) const {
     switch (kind) {
     case QAccessible::Name: {
-        const QString name = QAccessibleWidget::text(kind); // its own, or that of the label before
+        QString name = QAccessibleWidget::text(kind); // its own, or that of the label before
+        if (QWidget* const around = field().parentWidget();
+            name.isEmpty() && around != nullptr && around->focusProxy() == &field()) {
+            name = QAccessible::queryAccessibleInterface(around)->text(kind); // that it stands for
+        }
         return name.isEmpty() ? field().spokenName() : name;
     }
     case QAccessible::Value:
