@@ -1,5 +1,6 @@
 #include "driftwood/controls/styled_slider.hpp"
 
+#include "driftwood/bridges/styled_class.hpp"
 #include "driftwood/style/styles.hpp"
 #include "platform/assets/asset_catalog.hpp"
 #include "platform/controls/qt_input.hpp"
