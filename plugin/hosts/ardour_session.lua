@@ -1,8 +1,8 @@
 -- Makes a session with the plug-in on a track: ardour7-lua ardour_session.lua FOLDER NAME URI
--- PORT:FIRST:LAST:MODE. The value of the port goes from the first to the last in five seconds, in that
--- mode of automation (Play, Touch); the plug-in's oscillator is heard alone.
+-- PORT:FIRST:LAST:SECONDS:MODE. The value of the port goes from the first to the last in so many seconds,
+-- in that mode of automation (Play, Touch); the plug-in's oscillator is heard alone.
 local folder, name, uri = arg[1], arg[2], arg[3]
-local port, first, last, mode = arg[4]:match("(%d+):([-%d]+):([-%d]+):(%a+)")
+local port, first, last, seconds, mode = arg[4]:match("(%d+):([-%d]+):([-%d]+):(%d+):(%a+)")
 local soloParameter = 13
 AudioEngine:set_backend("None (Dummy)", "ardour", "")
 local session = create_session(folder, name, 48000)
@@ -16,7 +16,7 @@ local lane = plugin:to_insert():to_automatable():automation_control(
     Evoral.Parameter(ARDOUR.AutomationType.PluginAutomation, 0, tonumber(port)), true)
 assert(not lane:isnil(), "no automation")
 lane:alist():add(Temporal.timepos_t(0), tonumber(first), false, true)
-lane:alist():add(Temporal.timepos_t(240000), tonumber(last), false, true)
+lane:alist():add(Temporal.timepos_t(48000 * tonumber(seconds)), tonumber(last), false, true)
 lane:set_automation_state(ARDOUR.AutoState[mode])
 ARDOUR.LuaAPI.set_processor_param(plugin, soloParameter, 1)
 -- Other threads connect the track and set the value, and on a busy machine not at once.

@@ -59,7 +59,7 @@ class ArdourTest(unittest.TestCase):
 
     def sung(self, folder):
         """What two exports of a new session sound like."""
-        session = self.make_session(folder, f"{PITCH_PORT}:-2400:2400:Play")
+        session = self.make_session(folder, f"{PITCH_PORT}:-2400:2400:{SECONDS}:Play")
         text = session.read_text()
         self.assertIn(PLUGIN, text)
         self.assertIn(f"{PLUGIN}#state", (folder / "plugins").rglob("state.ttl").__next__().read_text())
@@ -124,7 +124,7 @@ class ArdourTest(unittest.TestCase):
     def test_a_drag_in_the_window_is_written_between_touch_and_release(self):
         self.desk.start_sound()
         for attempt in range(3):
-            session = self.make_session(self.desk.place / f"touched{attempt}", f"{FORMANT_PORT}:-12:12:Touch")
+            session = self.make_session(self.desk.place / f"touched{attempt}", f"{FORMANT_PORT}:-12:12:60:Touch")
             try:
                 host, main, window = self.open_window(session)
                 break
